@@ -1,0 +1,50 @@
+# How every target of the project is built: one set of compiler options, and one function each for
+# a room of the house (a folder that is a library of its own) and for a test program.
+
+# Warnings, sanitizers and coverage, for everything that is compiled here.
+add_library(brushworks_options INTERFACE)
+target_compile_options(brushworks_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wcast-align
+    $<$<BOOL:${BRUSHWORKS_WERROR}>:-Werror>
+    # The same bytes from every processor variant: no fused multiply-add behind the source's back.
+    -ffp-contract=off)
+if(BRUSHWORKS_SANITIZE)
+  target_compile_options(brushworks_options INTERFACE
+      -fsanitize=${BRUSHWORKS_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(brushworks_options INTERFACE -fsanitize=${BRUSHWORKS_SANITIZE})
+endif()
+if(BRUSHWORKS_COVERAGE)
+  target_compile_options(brushworks_options INTERFACE --coverage)
+  target_link_options(brushworks_options INTERFACE --coverage)
+endif()
+
+# brushworks_room(NAME SOURCES file... LINKS target...)
+#
+# A folder as a static library brushworks_NAME. Its headers are included as "NAME/header.h", and only
+# by targets that link it: the include path holds this one folder, so a wrong include does not build.
+function(brushworks_room room)
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINKS")
+  add_library(brushworks_${room} STATIC ${ARG_SOURCES})
+  set(roof ${PROJECT_BINARY_DIR}/rooms/${room})
+  file(MAKE_DIRECTORY ${roof})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${roof}/${room} SYMBOLIC)
+  target_include_directories(brushworks_${room} PUBLIC $<BUILD_INTERFACE:${roof}>)
+  target_link_libraries(brushworks_${room} PUBLIC ${ARG_LINKS} PRIVATE brushworks_options)
+endfunction()
+
+# brushworks_test(NAME SOURCES file... LINKS target...)
+#
+# A GoogleTest program whose cases ctest lists one by one.
+if(BRUSHWORKS_TESTS)
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+endif()
+function(brushworks_test name)
+  if(NOT BRUSHWORKS_TESTS)
+    return()
+  endif()
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINKS")
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} brushworks_options GTest::gtest GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+endfunction()
