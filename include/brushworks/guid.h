@@ -1,0 +1,42 @@
+// Identifiers of the interfaces, and what QueryInterface answers.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace brushworks {
+
+/// An interface identifier. Data1 is 64 bits wide on purpose: it is part of the binary contract.
+struct _GUID {
+    std::uint64_t Data1;
+    std::uint16_t Data2;
+    std::uint16_t Data3;
+    std::uint8_t Data4[8];
+};
+static_assert(sizeof(_GUID) == 24 && offsetof(_GUID, Data4) == 12);
+
+/// Identifiers are equal when their first 20 bytes are; the padding behind them does not count.
+inline bool operator==(const _GUID& a, const _GUID& b) {
+    return std::memcmp(&a, &b, 20) == 0;
+}
+
+// clang-format off
+inline constexpr _GUID IID_IUnknown        = {0x00000000, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+inline constexpr _GUID IID_EffectLibrary   = {0x9B8D0B5F, 0x065A, 0x46B1, {0x88, 0x9C, 0xF0, 0x57, 0x93, 0x4C, 0xE8, 0xA4}};
+inline constexpr _GUID IID_IMultiLingual   = {0xF6E85D4E, 0xDC38, 0x476C, {0xAC, 0x59, 0xEB, 0x50, 0x0B, 0xA9, 0x3C, 0xDC}};
+inline constexpr _GUID IID_PresetSaver     = {0x44CD1462, 0x6E3D, 0x438E, {0x9B, 0x72, 0x8C, 0x53, 0x3A, 0xA8, 0xFD, 0x8C}};
+inline constexpr _GUID IID_FrameProcessor  = {0xB9D19C11, 0x28CC, 0x4C17, {0x80, 0xC6, 0x23, 0x5D, 0xAD, 0x31, 0x68, 0x4A}};
+inline constexpr _GUID IID_MemoryAllocator = {0x9F635B81, 0x506A, 0x4DEE, {0x9D, 0xC7, 0x9E, 0x0B, 0xAB, 0xA2, 0xD5, 0xA2}};
+inline constexpr _GUID IID_ParamToolTip    = {0xC40A4523, 0xECE1, 0x493B, {0xA7, 0x3D, 0xEC, 0xF1, 0x15, 0x38, 0xF6, 0x00}};
+inline constexpr _GUID IID_VideoEffect     = {0x0BCF7FCD, 0x6BE5, 0x4A40, {0x9A, 0x49, 0xA6, 0x8D, 0x6B, 0xF6, 0x60, 0x26}};
+inline constexpr _GUID IID_VideoGPUEffect  = {0x418A60D9, 0xFCA6, 0x434F, {0x9F, 0xE8, 0xEB, 0x6B, 0xC1, 0x1C, 0x5C, 0x13}};
+inline constexpr _GUID IID_VideoHostGL     = {0x3C31DE30, 0x7F89, 0x4A56, {0xAB, 0x76, 0xB0, 0x50, 0xB2, 0x9F, 0x29, 0xCB}};
+// clang-format on
+
+/// QueryInterface: done; the face is stored and holds a reference of its own.
+inline constexpr std::uint32_t kInterfaceFound = 0;
+/// QueryInterface: no such face; null is stored.
+inline constexpr std::uint32_t kNoInterface = 0x80004002;
+
+}  // namespace brushworks
