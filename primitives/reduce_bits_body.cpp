@@ -51,7 +51,7 @@ class Noise {
     Noise(int percent, std::uint32_t top)
         : reach_(kLargest<Sample> * percent / (200 * static_cast<std::int64_t>(top))) {}
 
-    void Row(const Sample* src, Sample* noisy, int width) {
+    void AddTo(const Sample* src, Sample* noisy, int width) {
         for (int x = 0; x < width; ++x)
             for (int c = 0; c < 3; ++c) {
                 std::int64_t v = src[4 * x + c] + Next();
@@ -159,7 +159,7 @@ void MapRows(const Sample* src, int srcStep, Sample* dst, int dstStep, IppiSize 
     for (int y = 0; y < size.height; ++y) {
         const Sample* from = Row(src, srcStep, y);
         if (noise) {
-            noise->Row(from, noisy, size.width);
+            noise->AddTo(from, noisy, size.width);
             from = noisy;
         }
         ForBlocksAC4<kLanes>(from, Row(dst, dstStep, y), size.width,
@@ -314,7 +314,7 @@ int DiffuseRows(const Sample* src, int srcStep, Sample* dst, int dstStep, IppiSi
     for (int y = 0; y < size.height; ++y) {
         const Sample* from = Row(src, srcStep, y);
         if (noise) {
-            noise->Row(from, noisy, size.width);
+            noise->AddTo(from, noisy, size.width);
             from = noisy;
         }
         const Error *next = rows[(y + 2) % 3], *after = rows[(y + 1) % 3];
