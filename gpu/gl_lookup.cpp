@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <cstring>
+#include <initializer_list>
 
 namespace brushworks {
 namespace {

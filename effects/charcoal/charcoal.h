@@ -1,5 +1,5 @@
-// Charcoal: dark strokes on a coloured surface, from the blurred edges of a smoothed gray copy, with a
-// share of the picture's own colours.
+// Charcoal: dark strokes on a coloured surface, from the blurred edges of a smoothed gray copy,
+// with a share of the picture's own colours.
 #pragma once
 
 #include "library/effect.h"

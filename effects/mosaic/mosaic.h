@@ -1,5 +1,5 @@
-// Mosaic: a shaken brick pattern, each brick filled with the average colour along a line through it,
-// with or without black outlines.
+// Mosaic: a shaken brick pattern, each brick filled with the average colour along a line through
+// it, with or without black outlines.
 #pragma once
 
 #include "library/effect.h"

@@ -1,5 +1,5 @@
-// Pencil Rubbing: a relief kernel, turned to a chosen angle, runs over the picture as if paper lay on
-// it and was rubbed; the colours are tuned after it.
+// Pencil Rubbing: a relief kernel, turned to a chosen angle, runs over the picture as if paper lay
+// on it and was rubbed; the colours are tuned after it.
 #pragma once
 
 #include "library/effect.h"

@@ -1,4 +1,5 @@
-// Water Color: tuned colours flattened by a wide median into painted patches, their edges sharpened.
+// Water Color: tuned colours flattened by a wide median into painted patches, their edges
+// sharpened.
 #pragma once
 
 #include "library/effect.h"
