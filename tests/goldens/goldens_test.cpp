@@ -6,6 +6,7 @@
 // difference the picture is written beside the test program, to be looked at.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -76,8 +77,8 @@ void WritePicture(const CFrame& frame, const std::string& path) {
     for (int y = 0; y < kHeight; ++y)
         for (int x = 0; x < kWidth; ++x)
             for (int c = 2; c >= 0; --c)
-                file.put(static_cast<char>(static_cast<int>(
-                    SampleAt(frame, y, 4 * x + (alphaFirst ? 3 - c : c)) * scale + 0.5f)));
+                file.put(static_cast<char>(
+                    std::lround(SampleAt(frame, y, 4 * x + (alphaFirst ? 3 - c : c)) * scale)));
 }
 
 using Goldens = std::map<std::string, std::string>;  // "preset / format" to hash
