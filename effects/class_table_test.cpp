@@ -1,12 +1,16 @@
 // What all twelve effects have in common, seen from outside.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "effects/testing.h"
 #include "library/artistic_effects.h"
+#include "library/licensing.h"
+#include "library/statistics.h"
 
 namespace brushworks {
 namespace {
@@ -122,6 +126,50 @@ TEST(Effects, GPUAnswersAreHonest) {
         gpu->RenderGPU(kRenderFinal, nullptr, nullptr, &texture, nullptr, &texture, &info));
     EXPECT_FALSE(
         gpu->RenderGPU(kRenderFinal, &host, nullptr, &texture, nullptr, &texture, nullptr));
+}
+
+/// Licensing that wants a mark, and statistics, which write down what they are asked.
+class Recorder final : public ILicensing, public IUsageStatistics {
+  public:
+    Recorder() {
+        SetLicensing(this);
+        SetStatistics(this);
+    }
+    ~Recorder() override {
+        SetLicensing(nullptr);
+        SetStatistics(nullptr);
+    }
+    bool IsGPUAllowed() override { return false; }
+    bool IsMarkRequired() override { return true; }
+    void DrawMark(const char* name, IVideoHost*, FrameParams* frame, float strength) override {
+        EXPECT_EQ(name, nullptr);
+        EXPECT_EQ(strength, 1.0f);
+        calls.push_back("mark, alpha " + std::to_string(frame->pBuffer[3]));
+    }
+    void DrawMarkGL(GPUHelper*, const char*, TextureParams*, TextureParams*, float) override {}
+    void SetEffects(const char* const* names, unsigned int count) override {
+        calls.push_back(std::to_string(count) + " effects to " + names[count - 1]);
+    }
+    void ReportRender(const char* effect, const FrameParams* frame) override {
+        calls.push_back(std::string(effect) + " rendered " + std::to_string(frame->nWidth));
+    }
+
+    std::vector<std::string> calls;
+};
+
+TEST(Services, HearOfEachStepInItsOrder) {
+    Recorder recorder;
+    (new CArtisticEffects)->Release();
+    const EffectPointer posterize(NewEffect(10));
+    testing::TestHost host;
+    testing::UseDefaults(*posterize, host);
+    testing::RandomFrame src(9, 6, PixelFormatBGRA8, 1), dst(7, 6, PixelFormatBGRA8, 2);
+    src.m_pBuffer[3] = 77;  // alpha is restored before the mark is drawn
+    ASSERT_TRUE(testing::Render(*posterize, host, src, dst));
+    host.values[3].index = -1;
+    ASSERT_FALSE(testing::Render(*posterize, host, src, dst));  // a failed render tells nobody
+    EXPECT_THAT(recorder.calls, ::testing::ElementsAre("12 effects to Water Color",
+                                                       "mark, alpha 77", "Posterize rendered 7"));
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <set>
 
 #include "effects/testing.h"
-#include "library/statistics.h"
 #include "processors/channel_reverse.h"
 
 namespace brushworks {
@@ -188,27 +187,6 @@ TEST_F(Posterize, MemoryGoesBackAndARefusalFails) {
     EXPECT_FALSE(Render(*effect, lending, src, dst));
     EXPECT_TRUE(SamePixels(dst, before));
     EXPECT_EQ(lender.references, 1);
-}
-
-class CountingStatistics final : public IUsageStatistics {
-  public:
-    CountingStatistics() { SetStatistics(this); }
-    ~CountingStatistics() override { SetStatistics(nullptr); }
-    void SetEffects(const char* const*, unsigned int) override {}
-    void ReportRender(const char* effect, const FrameParams*) override {
-        reports.push_back(effect);
-    }
-    std::vector<std::string> reports;
-};
-
-TEST_F(Posterize, StatisticsHearOfWholeRendersAlone) {
-    CountingStatistics statistics;
-    RandomFrame src(9, 6, PixelFormatBGRA8, 1), dst(9, 6, PixelFormatBGRA8, 2);
-    ASSERT_TRUE(Render(*effect, host, src, dst));
-    EXPECT_EQ(statistics.reports, std::vector<std::string>{"Posterize"});
-    host.values[kLevels].index = -1;
-    ASSERT_FALSE(Render(*effect, host, src, dst));
-    EXPECT_EQ(statistics.reports.size(), 1u);
 }
 
 }  // namespace
