@@ -1,6 +1,6 @@
 #include "library/effect.h"
 
-#include <cstring>
+#include <string_view>
 
 #include "gpu/gl_lookup.h"
 #include "library/host_frames.h"
@@ -21,6 +21,12 @@ void RestoreAlpha(RenderJob& job) {
     Processors::CCopyPlane().Process(&job.source, &job.destination, plane, plane);
 }
 
+/// The tables' texts fit their fields with a terminator: that is checked while they compile.
+template <std::size_t N>
+void CopyText(char (&field)[N], std::string_view text) {
+    field[text.copy(field, N - 1)] = '\0';
+}
+
 void DescribeSlider(const ParamRow& row, EffectParamSetup& setup) {
     setup.fDisplayMin = row.range.min;
     setup.slider.fDisplayMax = row.range.max;
@@ -30,7 +36,7 @@ void DescribeSlider(const ParamRow& row, EffectParamSetup& setup) {
 void DescribeList(const ParamRow& row, EffectParamSetup& setup) {
     setup.nOptionCount = row.optionCount;
     for (std::uint32_t i = 0; i < row.optionCount; ++i)
-        std::strcpy(setup.szOptions[i], row.options[i]);
+        CopyText(setup.szOptions[i], row.options[i]);
 }
 
 }  // namespace
@@ -61,7 +67,7 @@ bool CEffect::EnumParam(unsigned int index, EffectParamSetup* setup) {
     setup->nType = row.type;
     if (row.type == kParamFloat) DescribeSlider(row, *setup);
     if (row.type == kParamList) DescribeList(row, *setup);
-    std::strcpy(setup->szName, row.name);
+    CopyText(setup->szName, row.name);
     setup->nLayoutTop = row.layout.top;
     setup->nLayoutLeft = row.layout.left;
     setup->nLayoutWidth = row.layout.width;
