@@ -84,7 +84,9 @@ int main(int argc, char** argv) {
     ippStaticInit();
     benchmark::AddCustomContext(
         "variant", VariantName(static_cast<Variant>(ippJumpIndexForMergedLibs + ippWideLevel)));
-    bench::RegisterAll(bench::Pointwise());
+    std::vector<bench::Operation> operations = bench::Pointwise();
+    for (bench::Operation& operation : bench::Colour()) operations.push_back(std::move(operation));
+    bench::RegisterAll(operations);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
     benchmark::RunSpecifiedBenchmarks();

@@ -37,6 +37,7 @@ template <class Sample, int Channels>
 inline constexpr int kStep = kFrame.width* Channels* int{sizeof(Sample)};
 
 std::vector<Operation> Pointwise();
+std::vector<Operation> Colour();
 /// Empty where the library was not found.
 std::vector<Operation> Peers();
 
