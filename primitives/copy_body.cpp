@@ -61,6 +61,15 @@ inline Bytes16 WithColours(Bytes16 old, Bytes16 colours) {
     return ColoursOf(colours, old, Indexes<Bytes16>{});
 }
 
+template <std::size_t... I>
+inline Bytes16 WithoutFourthOf(Bytes16 pixels, std::index_sequence<I...>) {
+    return __builtin_shufflevector(pixels, pixels, (I < 12 ? I / 3 * 4 + I % 3 : 0)...);
+}
+/// The colours of four pixels in the first twelve bytes.
+inline Bytes16 WithoutFourth(Bytes16 pixels) {
+    return WithoutFourthOf(pixels, Indexes<Bytes16>{});
+}
+
 #if defined(__SSSE3__)
 constexpr bool kShufflesBytes = true;
 #else
@@ -148,8 +157,13 @@ int ippiCopy_8u_AC4C3R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, 
     return ForRows(
         size,
         [](std::ptrdiff_t pixels, const std::uint8_t* from, std::uint8_t* to) {
-            for (std::ptrdiff_t x = 0; x < pixels; ++x)
-                for (int c = 0; c < 3; ++c) to[3 * x + c] = from[4 * x + c];
+            std::ptrdiff_t x = 0;
+            // What a store writes too many, four bytes or one, the next one overwrites.
+            if constexpr (kShufflesBytes)
+                for (; x + 5 < pixels; x += 4)
+                    Store(to + 3 * x, WithoutFourth(Load<Bytes16>(from + 4 * x)));
+            for (; x + 1 < pixels; ++x) StorePixel(to + 3 * x, LoadPixel(from + 4 * x));
+            for (int c = 0; c < 3; ++c) to[3 * x + c] = from[4 * x + c];
         },
         Pixels<4>(src, srcStep), Pixels<3>(dst, dstStep));
 }
