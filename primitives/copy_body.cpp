@@ -6,13 +6,13 @@
 namespace brushworks::BRUSHWORKS_VARIANT {
 namespace {
 
-/// Copies whole pixels.
+/// Copies whole pixels. An image may be copied onto itself.
 template <int Channels, class Sample>
 int CopyPixels(const Sample* src, int srcStep, Sample* dst, int dstStep, IppiSize size) {
     return ForRows(
         size,
         [](std::ptrdiff_t pixels, const Sample* from, Sample* to) {
-            std::memcpy(to, from, static_cast<std::size_t>(pixels) * Channels * sizeof(Sample));
+            std::memmove(to, from, static_cast<std::size_t>(pixels) * Channels * sizeof(Sample));
         },
         Pixels<Channels>(src, srcStep), Pixels<Channels>(dst, dstStep));
 }

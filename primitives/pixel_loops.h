@@ -20,7 +20,7 @@ using VectorOf = typename VectorOfType<Sample, Count>::type;
 /// A row of pixels as a vector loop sees it. The last Missing samples of the last pixel lie behind
 /// what the row may touch.
 template <class Sample, int Channels, int Missing>
-struct PixelRow {
+struct VectorRow {
     Sample* row;
 
     static constexpr bool kEndsInsideAPixel = Missing > 0;
@@ -54,17 +54,17 @@ struct PixelRow {
 
 /// All samples of the pixels.
 template <int Channels, class Sample>
-inline PixelRow<Sample, Channels, 0> Whole(Sample* row) {
+inline VectorRow<Sample, Channels, 0> Whole(Sample* row) {
     return {row};
 }
 /// The first three of four samples.
 template <class Sample>
-inline PixelRow<Sample, 4, 1> Colours(Sample* row) {
+inline VectorRow<Sample, 4, 1> Colours(Sample* row) {
     return {row};
 }
 /// The one channel that the pointer stands at.
 template <int Channels, class Sample>
-inline PixelRow<Sample, Channels, Channels - 1> Channel(Sample* row) {
+inline VectorRow<Sample, Channels, Channels - 1> Channel(Sample* row) {
     return {row};
 }
 
