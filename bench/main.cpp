@@ -21,7 +21,7 @@ Images<Sample>& Images<Sample>::Get() {
             image->resize(kSamples);
             for (Sample& sample : *image)
                 sample = std::is_floating_point_v<Sample>
-                             ? static_cast<Sample>(0.5 + 0.5 * (engine() % 4096) / 4096)
+                             ? static_cast<Sample>(1.0 + (engine() % 4096) / 1048576.0)
                              : static_cast<Sample>(engine() >> 8);
         }
         return filled;
@@ -84,7 +84,9 @@ int main(int argc, char** argv) {
     ippStaticInit();
     benchmark::AddCustomContext(
         "variant", VariantName(static_cast<Variant>(ippJumpIndexForMergedLibs + ippWideLevel)));
-    bench::RegisterAll(bench::Pointwise());
+    std::vector<bench::Operation> operations = bench::Pointwise();
+    for (bench::Operation& operation : bench::Colour()) operations.push_back(std::move(operation));
+    bench::RegisterAll(operations);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
     benchmark::RunSpecifiedBenchmarks();

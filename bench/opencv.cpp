@@ -69,6 +69,13 @@ template <class To>
 void Convert(const Mat& src, Mat& dst) {
     src.convertTo(dst, cv::DataType<To>::depth);
 }
+void Twist(const Mat& src, Mat& dst) {
+    static const Mat matrix = (cv::Mat_<float>(4, 5) << 0.8f, 0.1f, 0.1f, 0.0f, 0.0f,  //
+                               0.1f, 0.7f, 0.2f, 0.0f, 0.01f,                          //
+                               0.2f, 0.2f, 0.6f, 0.0f, -0.01f,                         //
+                               0.0f, 0.0f, 0.0f, 1.0f, 0.0f);
+    cv::transform(src, dst, matrix);
+}
 void Widen(const Mat& src, Mat& dst) {
     constexpr int kBorder = 8;
     const Mat inner = src(cv::Rect(0, 0, kFrame.width - 2 * kBorder, kFrame.height - 2 * kBorder));
@@ -143,6 +150,31 @@ std::vector<Operation> Peers() {
         Peer<u8, 1, u8, 1>("ippiCopyReplicateBorder_8u_C1R", Widen),
         Peer<u8, 3, u8, 3>("ippiCopyReplicateBorder_8u_C3R", Widen),
         Peer<u8, 4, u8, 4>("ippiCopyReplicateBorder_8u_C4R", Widen),
+        Peer<u8, 4, u8, 4>("ippiColorTwist32f_8u_AC4R", Twist),
+        Peer<float, 4, float, 4>("ippiColorTwist_32f_AC4R", Twist),
+        Peer<float, 4, float, 4>("ippiColorTwist_32f_AC4IR",
+                                 [](const Mat&, Mat& dst) { Twist(dst, dst); }),
+        Peer<u8, 4, u8, 3>("ippiRGBToHSV_8u_AC4R", Colour<cv::COLOR_RGB2HSV_FULL>),
+        Peer<u8, 3, u8, 3>("ippiHSVToRGB_8u_AC4R", Colour<cv::COLOR_HSV2RGB_FULL>),
+        Peer<u8, 3, u8, 1>("ippiRGBToGray_8u_C3C1R", Colour<cv::COLOR_RGB2GRAY>),
+        Peer<u8, 4, u8, 1>("ippiRGBToGray_8u_AC4C1R", Colour<cv::COLOR_RGBA2GRAY>),
+        Peer<u8, 4, u8, 1>("ippiColorToGray_8u_AC4C1R",
+                           [](const Mat& src, Mat& dst) {
+                               static const Mat weights =
+                                   (cv::Mat_<float>(1, 4) << 0.3f, 0.6f, 0.1f, 0.0f);
+                               cv::transform(src, dst, weights);
+                           }),
+        Peer<u8, 2, u8, 4>("ippiYCbCr422ToBGR_8u_C2C4R", Colour<cv::COLOR_YUV2BGRA_YUYV>),
+        Peer<u8, 4, u8, 4>("ippiReduceBits_8u_AC4R, plain",
+                           [](const Mat& src, Mat& dst) {
+                               static const Mat levels = [] {
+                                   Mat table(1, 256, CV_8U);
+                                   for (int v = 0; v < 256; ++v)
+                                       table.at<u8>(v) = static_cast<u8>((v * 5 + 127) / 255 * 51);
+                                   return table;
+                               }();
+                               cv::LUT(src, levels, dst);
+                           }),
         {"ippsMaxIndx_32s", 0,
          [] {
              static const Mat vector = [] {

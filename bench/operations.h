@@ -23,7 +23,8 @@ struct Operation {
 };
 
 /// Three images of a sample type, with room for four channels; made and filled on first use.
-/// Float samples lie in 0.5 to 1, where no chain of operations meets slow numbers for long.
+/// Float samples lie a little above 1: however often they are squared, they never become so small
+/// that the processor slows down.
 template <class Sample>
 struct Images {
     static constexpr std::size_t kSamples = std::size_t{4} * kFrame.width * kFrame.height;
@@ -36,6 +37,7 @@ template <class Sample, int Channels>
 inline constexpr int kStep = kFrame.width* Channels* int{sizeof(Sample)};
 
 std::vector<Operation> Pointwise();
+std::vector<Operation> Colour();
 /// Empty where the library was not found.
 std::vector<Operation> Peers();
 

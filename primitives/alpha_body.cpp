@@ -9,30 +9,35 @@
 namespace brushworks::BRUSHWORKS_VARIANT {
 namespace {
 
-constexpr std::uint32_t kOpaque = 0xFF000000u;
-
 /// Each sample of the pixels times the factor of its pixel, over 255.
-inline WideSamples Scaled(U32 pixels, U16 factor) {
-    const WideSamples s = Widen(pixels);
-    return {Over255(s.even * factor), Over255(s.odd * factor)};
+inline U8 Scaled(U8 pixels, U16 factor) {
+    return TimesOver255(Widen(pixels), {factor, factor});
 }
 
-/// The sum, at most 255, of samples up to 255.
-inline U32 CutSum(WideSamples a, WideSamples b) {
-    return Narrow({Min<U16>(a.even + b.even, U16{} + 255), Min<U16>(a.odd + b.odd, U16{} + 255)});
+inline U8 Premultiply(U8 pixels) {
+    return Scaled(Opaque(pixels), Alpha(pixels));
 }
 
-inline U32 Premultiply(U32 pixels) {
-    return Narrow(Scaled(pixels | kOpaque, Alpha(pixels)));
+inline U8 Over(U8 a, U8 b) {
+    const U16 alphaA = Alpha(a), alphaB = Over255InUpper(Alpha(b) * (255 - alphaA)) >> 8;
+    return CutSum(Scaled(Opaque(a), alphaA), Scaled(Opaque(b), alphaB));
 }
 
-inline U32 Over(U32 a, U32 b) {
-    const U16 alphaA = Alpha(a), alphaB = Over255(Alpha(b) * (255 - alphaA));
-    return CutSum(Scaled(a | kOpaque, alphaA), Scaled(b | kOpaque, alphaB));
+inline U8 OverPremultiplied(U8 a, U8 b) {
+    return CutSum(a, Scaled(b, 255 - Alpha(a)));
 }
 
-inline U32 OverPremultiplied(U32 a, U32 b) {
-    return CutSum(Widen(a), Scaled(b, 255 - Alpha(a)));
+/// dst = composite(a, b).
+template <class Composite>
+int CompositeRows(PixelRows<const std::uint8_t, 4> a, PixelRows<const std::uint8_t, 4> b,
+                  PixelRows<std::uint8_t, 4> dst, IppiSize size, Composite composite) {
+    return ForRows(
+        size,
+        [composite](std::ptrdiff_t pixels, const std::uint8_t* top, const std::uint8_t* bottom,
+                    std::uint8_t* to) {
+            MapPixels<kLanes>(pixels, composite, Whole<4>(to), Whole<4>(top), Whole<4>(bottom));
+        },
+        a, b, dst);
 }
 
 }  // namespace
@@ -42,8 +47,8 @@ int ippiAlphaPremul_8u_AC4R(const std::uint8_t* src, int srcStep, std::uint8_t* 
     return ForRows(
         size,
         [](std::ptrdiff_t pixels, const std::uint8_t* from, std::uint8_t* to) {
-            MapPixels(
-                pixels, [](U32 p) { return Premultiply(p); }, to, from);
+            MapPixels<kLanes>(
+                pixels, [](U8 p) { return Premultiply(p); }, Whole<4>(to), Whole<4>(from));
         },
         Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
 }
@@ -55,24 +60,10 @@ int ippiAlphaComp_8u_AC4R(const std::uint8_t* a, int aStep, const std::uint8_t* 
     if (const int status = CheckImages({over, under, to}, size)) return status;
     switch (operation) {
         case kAlphaOver:
-            return ForRows(
-                size,
-                [](std::ptrdiff_t pixels, const std::uint8_t* top, const std::uint8_t* bottom,
-                   std::uint8_t* row) {
-                    MapPixels(
-                        pixels, [](U32 p, U32 q) { return Over(p, q); }, row, top, bottom);
-                },
-                over, under, to);
+            return CompositeRows(over, under, to, size, [](U8 p, U8 q) { return Over(p, q); });
         case kAlphaOverPremultiplied:
-            return ForRows(
-                size,
-                [](std::ptrdiff_t pixels, const std::uint8_t* top, const std::uint8_t* bottom,
-                   std::uint8_t* row) {
-                    MapPixels(
-                        pixels, [](U32 p, U32 q) { return OverPremultiplied(p, q); }, row, top,
-                        bottom);
-                },
-                over, under, to);
+            return CompositeRows(over, under, to, size,
+                                 [](U8 p, U8 q) { return OverPremultiplied(p, q); });
         default:
             return kStatusBadArgument;
     }

@@ -1,7 +1,7 @@
 // Bodies of the integer arithmetic; built once for each variant.
 #include "primitives/arithmetic.h"
 
-#include "primitives/body.h"
+#include "primitives/pixel_lanes.h"
 
 namespace brushworks::BRUSHWORKS_VARIANT {
 namespace {
@@ -40,30 +40,39 @@ int AddScaled(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstSt
         from, to);
 }
 
-/// The product of two bytes over 255.
-inline std::uint8_t ScaledProduct(std::uint8_t a, std::uint8_t b) {
-    const auto t = static_cast<std::uint16_t>(a * b);
-    return static_cast<std::uint8_t>(static_cast<std::uint16_t>(t + (t >> 8) + 1) >> 8);
+/// Each sample times its constant over 255; the constants repeat from pixel to pixel.
+template <int Channels>
+int MultiplyOver255(const std::uint8_t* constants, std::uint8_t* image, int step, IppiSize size) {
+    const WideBytes factors = Widen(Repeat<U8>(constants, Channels));
+    return ForRows(
+        size,
+        [factors](std::ptrdiff_t pixels, std::uint8_t* row) {
+            MapPixels<kVectorBytes>(
+                Channels * pixels,
+                [factors](U8 samples) { return TimesOver255(Widen(samples), factors); },
+                Whole<1>(row), Whole<1>(row));
+        },
+        Pixels<Channels>(image, step));
 }
 
-/// The shift of a 32-bit product, and the rounding that goes with it.
+/// The shift of 32-bit products, and the rounding that goes with it.
 struct RoundedShift {
     explicit RoundedShift(int scale)
         : shift(scale < 32 ? scale : 0),
-          whole(scale < 32),
-          mask(scale < 32 ? (1u << scale) - 1 : ~0u),
+          whole(scale < 32 ? ~0u : 0),
+          remainder(scale < 32 ? (1u << scale) - 1 : ~0u),
           half(scale == 0    ? 1
                : scale <= 32 ? 1u << (scale - 1)
                              : ~0u) {}
 
-    std::uint32_t operator()(std::uint32_t product) const {
-        const std::uint32_t quotient = whole ? product >> shift : 0;
-        return quotient + ((product & mask) + (quotient & 1) > half);
+    U32 operator()(U32 products) const {
+        const U32 quotients = products >> shift & whole;
+        return quotients - (U32)((products & remainder) + (quotients & 1) > half);
     }
 
     int shift;
-    bool whole;  // false from a shift of 32 on, which leaves nothing but the rounding
-    std::uint32_t mask;
+    std::uint32_t whole;  // 0 from a shift of 32 on, which leaves nothing but the rounding
+    std::uint32_t remainder;
     std::uint32_t half;
 };
 
@@ -80,29 +89,13 @@ int ippiAdd_8u_C4IRSfs(const std::uint8_t* src, int srcStep, std::uint8_t* dst, 
 }
 
 int ippiMulCScale_8u_C1IR(std::uint8_t constant, std::uint8_t* image, int step, IppiSize size) {
-    return ForRows(
-        size,
-        [constant](std::ptrdiff_t pixels, std::uint8_t* row) {
-            for (std::ptrdiff_t i = 0; i < pixels; ++i) row[i] = ScaledProduct(row[i], constant);
-        },
-        Pixels<1>(image, step));
+    return MultiplyOver255<1>(&constant, image, step, size);
 }
 
 int ippiMulCScale_8u_C4IR(const std::uint8_t constants[4], std::uint8_t* image, int step,
                           IppiSize size) {
     if (!constants) return kStatusNullPointer;
-    const std::uint8_t c0 = constants[0], c1 = constants[1], c2 = constants[2], c3 = constants[3];
-    return ForRows(
-        size,
-        [=](std::ptrdiff_t pixels, std::uint8_t* row) {
-            for (std::ptrdiff_t x = 0; x < pixels; ++x) {
-                row[4 * x] = ScaledProduct(row[4 * x], c0);
-                row[4 * x + 1] = ScaledProduct(row[4 * x + 1], c1);
-                row[4 * x + 2] = ScaledProduct(row[4 * x + 2], c2);
-                row[4 * x + 3] = ScaledProduct(row[4 * x + 3], c3);
-            }
-        },
-        Pixels<4>(image, step));
+    return MultiplyOver255<4>(constants, image, step, size);
 }
 
 int ippiMulC_16u_AC4IRSfs(const std::uint16_t* constants, std::uint16_t* image, int step,
@@ -111,20 +104,24 @@ int ippiMulC_16u_AC4IRSfs(const std::uint16_t* constants, std::uint16_t* image, 
     const auto pixels = Pixels<4>(image, step);
     if (const int status = CheckImages({pixels}, size)) return status;
     if (scale < 0) return kStatusBadArgument;
-    const std::uint32_t c0 = constants[0], c1 = constants[1], c2 = constants[2];
-    const RoundedShift shifted(scale);
-    const auto times = [shifted](std::uint16_t sample, std::uint32_t constant) {
-        const std::uint32_t product = shifted(sample * constant);
-        return static_cast<std::uint16_t>(product < 65535 ? product : 65535);
+    // A word holds two samples, so that each is multiplied in 32 bits where it lies.
+    const std::uint32_t lower[2] = {constants[0], constants[2]}, upper[2] = {constants[1], 0};
+    const auto lowerFactors = Repeat<U32>(lower, 2), upperFactors = Repeat<U32>(upper, 2);
+    const auto product = [rounded = RoundedShift(scale)](U32 samples, U32 factors) {
+        return Min<U32>(rounded(samples * factors), U32{} + 65535);
     };
     return ForRows(
         size,
         [=](std::ptrdiff_t count, std::uint16_t* row) {
-            for (std::ptrdiff_t x = 0; x < count; ++x) {
-                row[4 * x] = times(row[4 * x], c0);
-                row[4 * x + 1] = times(row[4 * x + 1], c1);
-                row[4 * x + 2] = times(row[4 * x + 2], c2);
-            }
+            MapPixels<kLanes / 2>(
+                count,
+                [=](U16 samples) {
+                    const auto pairs = (U32)samples;
+                    const U32 low = product(pairs & 0xFFFF, lowerFactors);
+                    const U32 high = product(pairs >> 16, upperFactors);
+                    return KeepFourth((U16)(low | high << 16), samples);
+                },
+                Colours(row), Colours(row));
         },
         pixels);
 }

@@ -1,13 +1,13 @@
 // Bodies of the float arithmetic; built once for each variant.
 #include "primitives/arithmetic_float.h"
 
-#include "primitives/body.h"
+#include "primitives/pixel_loops.h"
 
 namespace brushworks::BRUSHWORKS_VARIANT {
 namespace {
 
-const auto kProduct = [](float sample, float constant) { return sample * constant; };
-const auto kSum = [](float sample, float constant) { return sample + constant; };
+const auto kProduct = [](F32 samples, F32 constants) { return samples * constants; };
+const auto kSum = [](F32 samples, F32 constants) { return samples + constants; };
 
 template <int Channels>
 int Add(const float* src, int srcStep, float* dst, int dstStep, IppiSize size) {
@@ -24,15 +24,15 @@ template <class Operation>
 int WithColourConstants(const float constants[3], const float* src, int srcStep, float* dst,
                         int dstStep, IppiSize size, Operation operation) {
     if (!constants) return kStatusNullPointer;
-    const float c0 = constants[0], c1 = constants[1], c2 = constants[2];
+    const float padded[4] = {constants[0], constants[1], constants[2], 0.0f};
+    const auto operands = Repeat<F32>(padded, 4);
     return ForRows(
         size,
         [=](std::ptrdiff_t pixels, const float* from, float* to) {
-            for (std::ptrdiff_t x = 0; x < pixels; ++x) {
-                to[4 * x] = operation(from[4 * x], c0);
-                to[4 * x + 1] = operation(from[4 * x + 1], c1);
-                to[4 * x + 2] = operation(from[4 * x + 2], c2);
-            }
+            MapPixels<kLanes / 4>(
+                pixels,
+                [=](F32 samples, F32 old) { return KeepFourth(operation(samples, operands), old); },
+                Colours(to), Colours(from), Colours(to));
         },
         Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
 }

@@ -1,7 +1,7 @@
 // Bodies of the colour matrix; built once for each variant.
 #include "primitives/colour_twist.h"
 
-#include "primitives/simd.h"
+#include "primitives/pixel_loops.h"
 
 namespace brushworks::BRUSHWORKS_VARIANT {
 namespace {
@@ -14,15 +14,6 @@ inline F32 SpreadOf(F32 pixels, std::index_sequence<I...>) {
 template <int kSample>
 inline F32 Spread(F32 pixels) {
     return SpreadOf<kSample>(pixels, Indexes<F32>{});
-}
-
-template <std::size_t... I>
-inline F32 KeepFourthOf(F32 pixels, F32 old, std::index_sequence<I...>) {
-    return __builtin_shufflevector(pixels, old, (I % 4 == 3 ? I + kLanes : I)...);
-}
-/// The pixels with the fourth samples of `old`.
-inline F32 KeepFourth(F32 pixels, F32 old) {
-    return KeepFourthOf(pixels, old, Indexes<F32>{});
 }
 
 /// Column `j` of the matrix, once for each pixel of a vector.

@@ -234,7 +234,7 @@ TEST(ReduceBits, DitherKeepsTheMeanOfAFlatPicture) {
     }
 }
 
-// No text fixes the noise itself: it moves samples by at most half a step, comes alike at each call
+// Which noise it is stays open: it moves samples by at most half a step, comes alike at each call
 // and in each variant, moves both ways, and leaves only values of levels.
 TEST(ReduceBits, NoiseIsBoundedAndRepeats) {
     GuardedImage<std::uint16_t> src({200, 40}, 4), first({200, 40}, 4);
