@@ -13,7 +13,6 @@ namespace {
 using testing::kAllFormats;
 using testing::kColorFormats;
 using testing::RandomFrame;
-using testing::SamePixels;
 using testing::SampleAt;
 using testing::SamplesPerPixel;
 
