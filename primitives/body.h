@@ -45,5 +45,52 @@ inline int CheckImages(const ImageArgument (&images)[N], IppiSize size) {
     return kStatusOk;
 }
 
+/// An image argument with its types: rows of pixels that hold Channels samples each. The pointer
+/// may stand at any channel of the first pixel.
+template <class Sample, int Channels>
+struct PixelRows {
+    Sample* data;
+    int step;
+
+    static constexpr int kPixelBytes = Channels * int{sizeof(Sample)};
+    operator ImageArgument() const { return {data, step, kPixelBytes}; }
+    Sample* row(int y) const { return Row(data, step, y); }
+    bool RowsAbut(int width) const {
+        return step == static_cast<std::int64_t>(width) * kPixelBytes;
+    }
+};
+
+/// The image argument of a pointer and a step.
+template <int Channels, class Sample>
+inline PixelRows<Sample, Channels> Pixels(Sample* data, int step) {
+    return {data, step};
+}
+
+/// Checks the images, then calls body(pixels, row of each image...) for each row. Rows that abut in
+/// all images are taken as one, which spares small pictures the ends of the vector loops.
+template <class Body, class... Images>
+inline int ForRows(IppiSize size, Body body, Images... images) {
+    if (const int status = CheckImages({static_cast<ImageArgument>(images)...}, size))
+        return status;
+    std::ptrdiff_t pixels = size.width;
+    int rows = size.height;
+    if ((images.RowsAbut(size.width) && ...)) {
+        pixels *= rows;
+        rows = 1;
+    }
+    for (int y = 0; y < rows; ++y) body(pixels, images.row(y)...);
+    return kStatusOk;
+}
+
+/// A four-channel pixel of bytes as one word, sample 0 in the low byte.
+inline std::uint32_t LoadPixel(const std::uint8_t* from) {
+    std::uint32_t pixel;
+    std::memcpy(&pixel, from, sizeof pixel);
+    return pixel;
+}
+inline void StorePixel(std::uint8_t* to, std::uint32_t pixel) {
+    std::memcpy(to, &pixel, sizeof pixel);
+}
+
 }  // namespace
 }  // namespace brushworks::BRUSHWORKS_VARIANT

@@ -117,7 +117,7 @@ void SetIndexes(Variant variant) {
     const int level = static_cast<int>(variant);
     ippJumpIndexForMergedLibs = level < 3 ? level : 3;
     ippWideLevel = level < 3 ? 0 : level - 3;
-    ippJumpIndexForMergedLibsLP = variant == Variant::u8 && (ownGetMaskFeatures() & kMovbe) ? 1 : 0;
+    ippJumpIndexForMergedLibsLP = level == 2 && (ownGetMaskFeatures() & kMovbe) ? 1 : 0;
 }
 
 }  // namespace
@@ -134,14 +134,18 @@ std::uint64_t ownGetMaskFeatures() {
     return mask;
 }
 
+JumpIndexes IndexesFor(std::uint64_t mask) {
+    if (mask & kSse41) return {3, 0};
+    if (mask & kSsse3) return {2, mask & kMovbe ? 1 : 0};
+    if (mask & kSse3) return {1, 0};
+    return {0, 0};
+}
+
 Variant BestVariant() {
     std::uint64_t mask = 0;
     if (ippGetCpuFeatures(&mask, nullptr) != 0) return Variant::mx;
-    if (mask & kSse41)
-        return static_cast<Variant>(static_cast<int>(Variant::y8) + MeasureWideLevel(mask));
-    if (mask & kSsse3) return Variant::u8;
-    if (mask & kSse3) return Variant::m7;
-    return Variant::mx;
+    const int index = IndexesFor(mask).index;
+    return static_cast<Variant>(index < 3 ? index : 3 + MeasureWideLevel(mask));
 }
 
 int ippStaticInit() {

@@ -30,6 +30,14 @@ int ippGetCpuFeatures(std::uint64_t* mask, std::uint32_t registers[4]);
 /// The cached mask; 0 where the processor has no identification instruction.
 std::uint64_t ownGetMaskFeatures();
 
+/// The two indexes that a feature mask asks for.
+struct JumpIndexes {
+    int index;
+    int lowPower;
+    bool operator==(const JumpIndexes&) const = default;
+};
+JumpIndexes IndexesFor(std::uint64_t mask);
+
 /// The best variant this machine can run, before any cap.
 Variant BestVariant();
 

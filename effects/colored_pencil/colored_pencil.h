@@ -1,0 +1,14 @@
+// Colored Pencil: flat areas fade towards paper white and edges keep their strength, channel by
+// channel, as if drawn with pencils.
+#pragma once
+
+#include "library/effect.h"
+
+namespace brushworks {
+
+class CColoredPencil final : public CEffect {
+  public:
+    CColoredPencil();
+};
+
+}  // namespace brushworks

@@ -1,0 +1,14 @@
+// Mosaic: a shaken brick pattern, each brick filled with the average colour along a line through
+// it, with or without black outlines.
+#pragma once
+
+#include "library/effect.h"
+
+namespace brushworks {
+
+class CStainedGlass final : public CEffect {
+  public:
+    CStainedGlass();
+};
+
+}  // namespace brushworks

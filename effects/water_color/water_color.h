@@ -1,0 +1,14 @@
+// Water Color: tuned colours flattened by a wide median into painted patches, their edges
+// sharpened.
+#pragma once
+
+#include "library/effect.h"
+
+namespace brushworks {
+
+class CWaterColor final : public CEffect {
+  public:
+    CWaterColor();
+};
+
+}  // namespace brushworks

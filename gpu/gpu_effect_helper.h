@@ -1,0 +1,24 @@
+// The bracket that every GPU call of an effect passes through on its way to the effect.
+#pragma once
+
+#include "brushworks/effect.h"
+
+namespace brushworks {
+
+/// Implements the two GPU operations of the contract; effects supply the pair that they call.
+class GPUEffectHelper : public IVideoGPUEffect {
+  public:
+    bool GetGPUCaps(IVideoHost* pHost, IGLContext* pContext, GPUCaps* pCaps,
+                    unsigned int nFlags) override;
+    bool RenderGPU(RenderType eType, IVideoHost* pHost, IGLContext* pContext, TextureParams* pSrc,
+                   TextureParams* pSrc2, TextureParams* pDst, RenderInfo* pInfo) override;
+
+    /// Answers for the current context. False, with `*pCaps` untouched, without an IVideoHostGL; an
+    /// unsupported card is a true result that says no.
+    virtual bool GetGPUCapsGL(IVideoHost* pHost, GPUCaps* pCaps, unsigned int nFlags) = 0;
+    /// Renders with the current context.
+    virtual bool RenderGL(IVideoHost* pHost, TextureParams* pSrc, TextureParams* pSrc2,
+                          TextureParams* pDst, RenderInfo* pInfo) = 0;
+};
+
+}  // namespace brushworks

@@ -1,0 +1,11 @@
+// The effects of the collection by index. The index is part of the contract.
+#pragma once
+
+#include "brushworks/effect.h"
+
+namespace brushworks {
+
+/// A new effect with one reference, or null past the last index.
+IVideoEffect* NewEffect(unsigned int index);
+
+}  // namespace brushworks

@@ -1,0 +1,23 @@
+// The two exported functions, and what happens as the library loads.
+#include "library/artistic_effects.h"
+#include "processors/optimize.h"
+
+namespace brushworks {
+namespace {
+
+const Processors::COptimize g_optimize;
+
+}  // namespace
+
+extern "C" {
+
+IEffectLibrary* GetEffectsLibrary() {
+    return new CArtisticEffects;
+}
+
+bool CanUnloadDLLNow() {
+    return !DLLDependentObject::IsAnyAlive();
+}
+}
+
+}  // namespace brushworks

@@ -1,0 +1,44 @@
+#include "library/host_frames.h"
+
+#include <cstdint>
+
+#include "processors/region.h"
+
+namespace brushworks {
+namespace {
+
+int BytesPerSample(const CFrame& frame) {
+    return Processors::IsFloatColor(frame) || Processors::IsFloatPlane(frame) ? 4 : 1;
+}
+
+/// The depth that the format asks for; any will do for formats that nothing is known of.
+bool DepthSuits(const CFrame& frame) {
+    if (Processors::IsByteColor(frame) || Processors::IsFloatPlane(frame))
+        return frame.m_nDepth == 4;
+    if (Processors::IsFloatColor(frame)) return frame.m_nDepth == 16;
+    return frame.m_nDepth > 0;
+}
+
+bool IsSound(const CFrame& frame) {
+    const int sample = BytesPerSample(frame);
+    return frame.m_pBuffer && frame.m_nWidth > 0 && frame.m_nHeight > 0 && DepthSuits(frame) &&
+           std::int64_t{frame.m_nWidth} * frame.m_nDepth <= frame.m_nByteSpan &&
+           reinterpret_cast<std::uintptr_t>(frame.m_pBuffer) % sample == 0 &&
+           frame.m_nByteSpan % sample == 0;
+}
+
+}  // namespace
+
+bool HostFrames::Open(const FrameParams* sourceParams, const FrameParams* destinationParams) {
+    if (!m_wholeSource.Init(sourceParams) || !m_wholeDestination.Init(destinationParams))
+        return false;
+    if (!IsSound(m_wholeSource) || !IsSound(m_wholeDestination)) return false;
+    if (m_wholeSource.m_nDepth != m_wholeDestination.m_nDepth) return false;
+    const IppiSize overlap = Processors::CommonSize(m_wholeSource, m_wholeDestination);
+    source.Init(&m_wholeSource, 0, 0, overlap.width, overlap.height, m_wholeSource.m_bFlipped);
+    destination.Init(&m_wholeDestination, 0, 0, overlap.width, overlap.height,
+                     m_wholeDestination.m_bFlipped);
+    return true;
+}
+
+}  // namespace brushworks

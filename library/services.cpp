@@ -1,0 +1,45 @@
+// The defaults of licensing and statistics: an unrestricted product that tells nobody anything.
+#include <atomic>
+
+#include "library/licensing.h"
+#include "library/statistics.h"
+
+namespace brushworks {
+namespace {
+
+class Unrestricted final : public ILicensing {
+  public:
+    bool IsGPUAllowed() override { return true; }
+    bool IsMarkRequired() override { return false; }
+    void DrawMark(const char*, IVideoHost*, FrameParams*, float) override {}
+    void DrawMarkGL(GPUHelper*, const char*, TextureParams*, TextureParams*, float) override {}
+};
+
+class KeepsNothing final : public IUsageStatistics {
+  public:
+    void SetEffects(const char* const*, unsigned int) override {}
+    void ReportRender(const char*, const FrameParams*) override {}
+};
+
+Unrestricted g_unrestricted;
+KeepsNothing g_keepsNothing;
+std::atomic<ILicensing*> g_licensing = &g_unrestricted;
+std::atomic<IUsageStatistics*> g_statistics = &g_keepsNothing;
+
+}  // namespace
+
+ILicensing& Licensing() {
+    return *g_licensing.load();
+}
+void SetLicensing(ILicensing* licensing) {
+    g_licensing = licensing ? licensing : &g_unrestricted;
+}
+
+IUsageStatistics& Statistics() {
+    return *g_statistics.load();
+}
+void SetStatistics(IUsageStatistics* statistics) {
+    g_statistics = statistics ? statistics : &g_keepsNothing;
+}
+
+}  // namespace brushworks

@@ -1,0 +1,156 @@
+// Vectors as wide as the instruction set that is being built, over the compiler's own vector types,
+// so that one text serves every variant and gives the same bytes in each. A lane is 32 bits; a
+// vector of lanes holds kLanes pixels of one channel. Like body.h all of it stands in the anonymous
+// namespace of the variant, and only body files include it.
+#pragma once
+
+#include <utility>
+
+#include "primitives/body.h"
+
+namespace brushworks::BRUSHWORKS_VARIANT {
+namespace {
+
+#if defined(__AVX512BW__)
+inline constexpr int kVectorBytes = 64;
+#elif defined(__AVX2__)
+inline constexpr int kVectorBytes = 32;
+#else
+inline constexpr int kVectorBytes = 16;
+#endif
+inline constexpr int kLanes = kVectorBytes / 4;
+
+using U8 [[gnu::vector_size(kVectorBytes)]] = std::uint8_t;
+using U16 [[gnu::vector_size(kVectorBytes)]] = std::uint16_t;
+using U32 [[gnu::vector_size(kVectorBytes)]] = std::uint32_t;
+using I16 [[gnu::vector_size(kVectorBytes)]] = std::int16_t;
+using I32 [[gnu::vector_size(kVectorBytes)]] = std::int32_t;
+using F32 [[gnu::vector_size(kVectorBytes)]] = float;
+
+/// Memory needs no alignment. A cast between vector types, `(U32)v`, keeps the bits.
+template <class Vector>
+inline Vector Load(const void* from) {
+    Vector v;
+    std::memcpy(&v, from, sizeof v);
+    return v;
+}
+template <class Vector>
+inline void Store(void* to, Vector v) {
+    std::memcpy(to, &v, sizeof v);
+}
+
+template <class Vector>
+inline Vector Min(Vector a, Vector b) {
+    return a < b ? a : b;
+}
+/// `b` where a sample of `a` is NaN.
+template <class Vector>
+inline Vector Max(Vector a, Vector b) {
+    return a > b ? a : b;
+}
+
+inline F32 ToFloat(I32 v) {
+    return __builtin_convertvector(v, F32);
+}
+/// Towards zero, as a cast of one sample does.
+inline I32 ToInt(F32 v) {
+    return __builtin_convertvector(v, I32);
+}
+
+/// Float to 8 bits: cut to 0..255, nearest, ties to even, NaN to 0. Adding 1.5 * 2^23 leaves the
+/// rounded number in the low bits.
+inline I32 R8(F32 v) {
+    v = Min(Max(v, F32{}), F32{} + 255.0f);
+    return (I32)(v + 12582912.0f) & 255;
+}
+
+// Shuffles of two vectors a and b, taken as one sequence of elements, a's first.
+
+template <class Vector>
+using Indexes = std::make_index_sequence<sizeof(Vector) / sizeof(Vector{}[0])>;
+
+template <class Vector, std::size_t... I>
+inline Vector EvenOf(Vector a, Vector b, std::index_sequence<I...>) {
+    return __builtin_shufflevector(a, b, (2 * I)...);
+}
+template <class Vector, std::size_t... I>
+inline Vector OddOf(Vector a, Vector b, std::index_sequence<I...>) {
+    return __builtin_shufflevector(a, b, (2 * I + 1)...);
+}
+template <class Vector, std::size_t... I>
+inline Vector ZipLowOf(Vector a, Vector b, std::index_sequence<I...>) {
+    return __builtin_shufflevector(a, b, (I / 2 + (I % 2) * sizeof...(I))...);
+}
+template <class Vector, std::size_t... I>
+inline Vector ZipHighOf(Vector a, Vector b, std::index_sequence<I...>) {
+    return __builtin_shufflevector(a, b, (sizeof...(I) / 2 + I / 2 + (I % 2) * sizeof...(I))...);
+}
+
+/// Elements 0, 2, 4, ... and 1, 3, 5, ... of the two.
+template <class Vector>
+inline Vector Even(Vector a, Vector b) {
+    return EvenOf(a, b, Indexes<Vector>{});
+}
+template <class Vector>
+inline Vector Odd(Vector a, Vector b) {
+    return OddOf(a, b, Indexes<Vector>{});
+}
+/// a0 b0 a1 b1 ... of the lower halves, and of the upper ones: the way back from Even and Odd.
+template <class Vector>
+inline Vector ZipLow(Vector a, Vector b) {
+    return ZipLowOf(a, b, Indexes<Vector>{});
+}
+template <class Vector>
+inline Vector ZipHigh(Vector a, Vector b) {
+    return ZipHighOf(a, b, Indexes<Vector>{});
+}
+
+/// The low bytes of four vectors of lanes, in order.
+inline U8 NarrowToBytes(I32 a, I32 b, I32 c, I32 d) {
+    return Even((U8)Even((U16)a, (U16)b), (U8)Even((U16)c, (U16)d));
+}
+
+/// The first three samples of kLanes pixels.
+struct Planes {
+    I32 s0, s1, s2;
+};
+
+inline Planes Split(const std::uint8_t* pixels) {
+    const auto v = Load<U32>(pixels);
+    return {(I32)(v & 255), (I32)(v >> 8 & 255), (I32)(v >> 16 & 255)};
+}
+inline Planes Split(const std::uint16_t* pixels) {
+    const auto a = Load<U32>(pixels), b = Load<U32>(pixels + 2 * kLanes);
+    const U32 low = Even(a, b), high = Odd(a, b);
+    return {(I32)(low & 0xFFFF), (I32)(low >> 16), (I32)(high & 0xFFFF)};
+}
+
+/// Writes the three samples, which lie in their type's range; the fourth keeps its value.
+inline void Join(std::uint8_t* pixels, Planes p) {
+    const U32 fourth = Load<U32>(pixels) & 0xFF000000u;
+    Store(pixels, fourth | (U32)p.s0 | (U32)p.s1 << 8 | (U32)p.s2 << 16);
+}
+inline void Join(std::uint16_t* pixels, Planes p) {
+    const U32 fourth = Odd(Load<U32>(pixels), Load<U32>(pixels + 2 * kLanes)) & 0xFFFF0000u;
+    const U32 low = (U32)p.s0 | (U32)p.s1 << 16, high = fourth | (U32)p.s2;
+    Store(pixels, ZipLow(low, high));
+    Store(pixels + 2 * kLanes, ZipHigh(low, high));
+}
+
+/// Runs `block(from, to, x)` over a row of AC4 pixels, kBlock of them at a time. The last block
+/// goes through a copy, so that nothing behind the third sample of the last pixel is read or
+/// written: callers may point one sample into their pixels, and then the fourth is not theirs.
+template <int kBlock, class Sample, class Block>
+inline void ForBlocksAC4(const Sample* src, Sample* dst, int width, Block block) {
+    int x = 0;
+    for (; x < width - kBlock; x += kBlock) block(src + 4 * x, dst + 4 * x, x);
+    Sample from[4 * kBlock] = {}, to[4 * kBlock] = {};
+    const std::size_t rest = (4 * static_cast<std::size_t>(width - x) - 1) * sizeof(Sample);
+    std::memcpy(from, src + 4 * x, rest);
+    std::memcpy(to, dst + 4 * x, rest);
+    block(from, to, x);
+    std::memcpy(dst + 4 * x, to, rest);
+}
+
+}  // namespace
+}  // namespace brushworks::BRUSHWORKS_VARIANT
