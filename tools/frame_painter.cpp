@@ -22,8 +22,8 @@ FramePainter::FramePainter(host::Effect effect, const PaintSettings& settings)
     : m_effect(std::move(effect)),
       m_settings(settings),
       m_uprightRaster(media::bgraRaster(settings.output.width, settings.output.height)),
-      m_pRecorded(media::allocateFrame(
-          media::bgraRaster(settings.recordedWidth, settings.recordedHeight))),
+      m_pRecorded(
+          media::allocateFrame(media::bgraRaster(settings.recordedWidth, settings.recordedHeight))),
       m_pPainted(media::allocateFrame(m_uprightRaster)) {
     if (!settings.orientation.isUpright()) m_pUpright = media::allocateFrame(m_uprightRaster);
 }
@@ -39,6 +39,7 @@ media::FramePtr FramePainter::paint(NumberedFrame decoded) {
     media::FramePtr output = media::allocateFrame(m_settings.output);
     m_toOutput.convert(*m_pPainted, m_uprightRaster, *output, m_settings.output, fields);
     media::copyDescription(input, *output);
+    output->sample_aspect_ratio = m_settings.pixelAspect;
     return output;
 }
 
@@ -47,9 +48,9 @@ void FramePainter::render(const AVFrame& source, AVFrame& destination, std::int6
     info.dwFlags = kRenderHasFieldMode;
     info.nFieldMode = m_settings.fields ? kFieldModeField : kFieldModeFrame;
     info.nRandomSeed = m_settings.seed;
-    if (m_settings.pixelAspect > 0) {
+    if (m_settings.pixelAspect.num > 0) {
         info.dwFlags |= kRenderHasPixelAspect;
-        info.dPixelAspect = m_settings.pixelAspect;
+        info.dPixelAspect = av_q2d(m_settings.pixelAspect);
     }
     const FrameParams whole = recordOf(source);
     const FrameParams painted = recordOf(destination);
@@ -65,8 +66,8 @@ void FramePainter::render(const AVFrame& source, AVFrame& destination, std::int6
         done = m_effect.render(whole, painted, info);
     }
     if (!done) {
-        throw std::runtime_error("the effect " + m_effect.info().id +
-                                 " could not render frame " + std::to_string(number));
+        throw std::runtime_error("the effect " + m_effect.info().id + " could not render frame " +
+                                 std::to_string(number));
     }
 }
 

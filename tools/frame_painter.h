@@ -21,7 +21,7 @@ struct PaintSettings {
     int recordedHeight = 0;
     media::Orientation orientation;
     media::Raster output;
-    double pixelAspect = 0;  ///< width of a pixel over its height, 0 where it is not known
+    AVRational pixelAspect = {0, 1};  ///< width of a pixel over its height, 0/1 where not known
     std::int32_t seed = 0;
     bool fields = false;  ///< render the two fields of a frame each for itself
 };

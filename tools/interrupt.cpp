@@ -23,7 +23,8 @@ extern "C" void removeAndEnd(int signalNumber) {
 }
 
 void installHandlers() {
-    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int number :
+         {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGXCPU, SIGXFSZ, SIGABRT}) {
         struct sigaction old = {};
         sigaction(number, nullptr, &old);
         if (old.sa_handler == SIG_IGN) continue;  // started in the background, by nohup
@@ -44,6 +45,8 @@ void removeOnInterrupt(const std::string& path) {
     installHandlers();
 }
 
-void keepOnInterrupt() { g_armed = false; }
+void keepOnInterrupt() {
+    g_armed = false;
+}
 
 }  // namespace brushworks::tools

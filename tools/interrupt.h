@@ -5,8 +5,8 @@
 
 namespace brushworks::tools {
 
-/// From here on SIGINT, SIGTERM and SIGHUP remove the file before they end the program. One file
-/// at a time.
+/// From here on the signals that end a program from outside, and an abort, remove the file first.
+/// One file at a time.
 void removeOnInterrupt(const std::string& path);
 
 /// Signals leave the file alone again.

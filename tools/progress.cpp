@@ -48,8 +48,8 @@ void Progress::draw(Clock::time_point now) const {
     const double seconds = std::chrono::duration<double>(now - m_start).count();
     const double rate = seconds > 0 ? static_cast<double>(m_nDone) / seconds : 0;
     if (m_nTotal <= 0) {
-        std::fprintf(stderr, "%s%lld frames, %.1f fps", kClearLine,
-                     static_cast<long long>(m_nDone), rate);
+        std::fprintf(stderr, "%s%lld frames, %.1f fps", kClearLine, static_cast<long long>(m_nDone),
+                     rate);
         return;
     }
     // The expected number may be an estimate.

@@ -10,6 +10,9 @@ extern "C" {
 #include <cmath>
 #include <string_view>
 
+#include "media/container_end.h"
+#include "media/jpeg_end.h"
+
 namespace brushworks::media {
 namespace {
 
@@ -18,6 +21,13 @@ constexpr AVRational kMicroseconds = {1, AV_TIME_BASE};
 bool readsPictures(const AVInputFormat& format) {
     const std::string_view name = format.name;
     return name.ends_with("_pipe") || name == "image2";
+}
+
+/// Whether frames may be decoded several at a time. The older decoders of FFmpeg 5 end the whole
+/// program when they do so and meet damage.
+bool bearsFrameThreads(AVCodecID codec) {
+    return codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_HEVC || codec == AV_CODEC_ID_VP8 ||
+           codec == AV_CODEC_ID_VP9;
 }
 
 /// Whether the file's own index tells of data behind the end of the file.
@@ -37,12 +47,16 @@ Reader::Reader(const std::string& path) : m_sPath(path) {
     AVIOContext* io = nullptr;
     check(avio_open(&io, fileUrl(path).c_str(), AVIO_FLAG_READ), failure);
     m_pIo.reset(io);
+    if (avio_size(io) == 0) throw MediaError(failure + ": it is empty");
+    if (endsEarly(*io)) failDamaged("the file is cut short");
 
     // No name goes with the data: the type is known by content alone, and no pattern of a name
     // makes FFmpeg look for other files.
     AVFormatContext* input = avformat_alloc_context();
     if (input == nullptr) throw std::bad_alloc();
     input->pb = io;
+    takeLastError();
+    m_errorsAtStart = loggedErrors();
     check(avformat_open_input(&input, "", nullptr, nullptr), failure);
     m_pInput.reset(input);
     m_bPicture = readsPictures(*input->iformat);
@@ -61,8 +75,8 @@ Reader::Reader(const std::string& path) : m_sPath(path) {
     // Broadcast streams count their time from anywhere; files from their beginning.
     const bool anyStart = (input->iformat->flags & AVFMT_TS_DISCONT) != 0;
     if (anyStart && input->start_time != AV_NOPTS_VALUE) m_nShift = -input->start_time;
-    takeLastError();
-    m_errorsAtStart = loggedErrors();
+    // A look at the first frames may have met ones that lack their references.
+    m_errorsAtStart.decoder = loggedErrors().decoder;
 }
 
 void Reader::chooseCopied() {
@@ -81,9 +95,12 @@ void Reader::openDecoder(const AVCodec* codec) {
     check(avcodec_parameters_to_context(m_pDecoder.get(), video().codecpar),
           "cannot read " + m_sPath);
     m_pDecoder->pkt_timebase = timeBase();
-    // A picture with holes is worse than none.
-    m_pDecoder->err_recognition = AV_EF_CRCCHECK | AV_EF_BITSTREAM | AV_EF_BUFFER | AV_EF_EXPLODE;
+    // A picture with holes is worse than none. The TIFF decoder alone would also refuse every tag
+    // that it does not know; its log tells of real damage.
+    m_pDecoder->err_recognition = AV_EF_CRCCHECK | AV_EF_BITSTREAM | AV_EF_BUFFER;
+    if (codec->id != AV_CODEC_ID_TIFF) m_pDecoder->err_recognition |= AV_EF_EXPLODE;
     m_pDecoder->thread_count = m_bPicture ? 1 : 0;
+    if (!bearsFrameThreads(codec->id)) m_pDecoder->thread_type = FF_THREAD_SLICE;
     check(avcodec_open2(m_pDecoder.get(), codec, nullptr), "cannot decode " + m_sPath);
 }
 
@@ -117,6 +134,10 @@ void Reader::feedDecoder() {
     if (!packet || packet->stream_index == m_nVideo) {
         if (packet && (packet->flags & AV_PKT_FLAG_CORRUPT) != 0) {
             failDamaged("a frame is cut short");
+        }
+        const bool jpeg = m_bPicture && m_pDecoder->codec_id == AV_CODEC_ID_MJPEG;
+        if (packet && jpeg && !jpegHasEnd({packet->data, static_cast<std::size_t>(packet->size)})) {
+            failDamaged("its end is missing");
         }
         const int sent = avcodec_send_packet(m_pDecoder.get(), packet.get());
         if (sent < 0) failDamaged(reason(sent));
