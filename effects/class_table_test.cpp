@@ -1,0 +1,128 @@
+// What all twelve effects have in common, seen from outside.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <thread>
+
+#include "effects/testing.h"
+#include "library/artistic_effects.h"
+
+namespace brushworks {
+namespace {
+
+using testing::EffectPointer;
+
+constexpr unsigned int kEffects = 12;
+
+TEST(Effects, AnswerTheirNumbersAndNoMore) {
+    struct Expected {
+        const char* name;
+        unsigned int params, presets;
+    };
+    constexpr Expected kExpected[kEffects] = {
+        {"Toonery Plus", 17, 21},  {"Charcoal", 6, 10},
+        {"Colored Pencil", 6, 10}, {"Aurascope Plus", 6, 11},
+        {"Impressionist", 12, 13}, {"Mosaic", 3, 5},
+        {"Mural", 6, 12},          {"Oil", 6, 8},
+        {"Paper Collage", 11, 14}, {"Pencil Rubbing", 5, 7},
+        {"Posterize", 5, 8},       {"Water Color", 6, 11},
+    };
+    for (unsigned int e = 0; e < kEffects; ++e) {
+        SCOPED_TRACE(kExpected[e].name);
+        const EffectPointer effect(NewEffect(e));
+        EXPECT_STREQ(effect->GetName(), kExpected[e].name);
+        EXPECT_EQ(effect->GetCaps(), 0x3C1u);
+        const unsigned int n = kExpected[e].params, p = kExpected[e].presets;
+        EffectParamSetup setup{}, untouched{};
+        EffectParam value{};
+        EXPECT_TRUE(effect->EnumParam(n - 1, &setup));
+        EXPECT_TRUE(setup.bActive);
+        EXPECT_FALSE(effect->EnumParam(n, &untouched));
+        EXPECT_FALSE(effect->EnumParam(0, nullptr));
+        EXPECT_EQ(std::string(untouched.szName), "");
+        EXPECT_NE(effect->EnumPreset(p - 1), nullptr);
+        EXPECT_EQ(effect->EnumPreset(p), nullptr);
+        EXPECT_TRUE(effect->EnumPresetData(p - 1, n - 1, &value));
+        EXPECT_FALSE(effect->EnumPresetData(0, n, &value));
+        EXPECT_FALSE(effect->EnumPresetData(p, 0, &value));
+        EXPECT_FALSE(effect->EnumPresetData(0, 0, nullptr));
+    }
+    EXPECT_EQ(NewEffect(kEffects), nullptr);
+    EXPECT_EQ(NewEffect(~0u), nullptr);
+}
+
+TEST(Effects, FacesAreOneObject) {
+    for (unsigned int e = 0; e < kEffects; ++e) {
+        IVideoEffect* effect = NewEffect(e);
+        void* face = nullptr;
+        for (const _GUID& iid : {IID_IUnknown, IID_VideoEffect, IID_VideoGPUEffect}) {
+            ASSERT_EQ(effect->QueryInterface(iid, &face), kInterfaceFound);
+            EXPECT_EQ(face, effect);
+            effect->Release();
+        }
+        _GUID padded = IID_VideoEffect;
+        std::memset(reinterpret_cast<char*>(&padded) + 20, 0x5A, 4);
+        ASSERT_EQ(effect->QueryInterface(padded, &face), kInterfaceFound);
+        effect->Release();
+        EXPECT_EQ(effect->QueryInterface(IID_PresetSaver, &face), 0x80004002u);
+        EXPECT_EQ(face, nullptr);
+        ASSERT_EQ(effect->QueryInterface(IID_ParamToolTip, &face), kInterfaceFound);
+        auto* toolTips = static_cast<IParamToolTip*>(face);
+        EXPECT_EQ(effect->Release(), 1u);
+        ASSERT_EQ(toolTips->QueryInterface(IID_VideoEffect, &face), kInterfaceFound);
+        EXPECT_EQ(face, effect);
+        EXPECT_EQ(toolTips->Release(), 1u);
+        EXPECT_EQ(toolTips->AddRef(), 2u);
+        toolTips->Release();
+        EXPECT_EQ(toolTips->Release(), 0u);  // the last reference, dropped through this face
+    }
+}
+
+TEST(Effects, EveryPresetFitsItsControls) {
+    for (unsigned int e = 0; e < kEffects; ++e) {
+        const EffectPointer effect(NewEffect(e));
+        EffectParamSetup setup{};
+        EffectParam value{};
+        for (unsigned int p = 0; effect->EnumPreset(p); ++p)
+            for (unsigned int i = 0; effect->EnumParam(i, &setup); ++i) {
+                ASSERT_TRUE(effect->EnumPresetData(p, i, &value));
+                if (setup.nType != kParamPoint) {
+                    EXPECT_EQ(value.word >> 32, 0u);
+                }
+            }
+    }
+}
+
+TEST(Effects, ReferencesAreCountedAcrossThreads) {
+    IVideoEffect* effect = NewEffect(0);
+    auto takeAndDrop = [effect] {
+        for (int i = 0; i < 20000; ++i) {
+            effect->AddRef();
+            effect->Release();
+        }
+    };
+    std::thread other(takeAndDrop);
+    takeAndDrop();
+    other.join();
+    EXPECT_EQ(effect->Release(), 0u);
+}
+
+TEST(Effects, GPUAnswersAreHonest) {
+    const EffectPointer effect(NewEffect(0));
+    testing::TestHost host;  // offers no GL
+    auto* gpu = static_cast<IVideoGPUEffect*>(effect.get());
+    GPUCaps caps{7, 7, true};
+    EXPECT_FALSE(gpu->GetGPUCaps(&host, nullptr, &caps, 0));
+    EXPECT_EQ(caps.nReserved, 7);
+    TextureParams texture;
+    RenderInfo info{};
+    EXPECT_FALSE(gpu->RenderGPU(kRenderFinal, &host, nullptr, &texture, nullptr, &texture, &info));
+    EXPECT_FALSE(
+        gpu->RenderGPU(kRenderFinal, nullptr, nullptr, &texture, nullptr, &texture, &info));
+    EXPECT_FALSE(
+        gpu->RenderGPU(kRenderFinal, &host, nullptr, &texture, nullptr, &texture, nullptr));
+}
+
+}  // namespace
+}  // namespace brushworks

@@ -1,0 +1,41 @@
+// Rendering in tests: any effect, any format, from random frames.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "frames/testing_host.h"
+#include "library/class_table.h"
+#include "processors/testing.h"
+
+namespace brushworks::testing {
+
+struct Releaser {
+    template <class Object>
+    void operator()(Object* object) const {
+        object->Release();
+    }
+};
+using EffectPointer = std::unique_ptr<IVideoEffect, Releaser>;
+
+/// Puts the effect's defaults into the host's values.
+inline void UseDefaults(IVideoEffect& effect, TestHost& host) {
+    EffectParamSetup setup{};
+    for (unsigned int i = 0; effect.EnumParam(i, &setup); ++i) host.values[i] = setup.defaultValue;
+}
+
+/// Puts a preset's values into the host's.
+inline void UsePreset(IVideoEffect& effect, TestHost& host, unsigned int preset) {
+    EffectParam value{};
+    for (unsigned int i = 0; effect.EnumPresetData(preset, i, &value); ++i) host.values[i] = value;
+}
+
+/// Renders `source` into `destination`; the records cross as a host's would.
+inline bool Render(IVideoEffect& effect, TestHost& host, const CFrame& source, CFrame& destination,
+                   RenderInfo* info = nullptr) {
+    FrameParams from = source.GetFrameParams(), to = destination.GetFrameParams();
+    return effect.Render(&host, &from, nullptr, &to, info);
+}
+
+}  // namespace brushworks::testing
