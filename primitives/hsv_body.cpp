@@ -10,54 +10,52 @@ namespace {
 template <class Sample>
 inline constexpr float kLargest = sizeof(Sample) == 1 ? 255.0f : 65535.0f;
 
-/// The hue within the wheel of 6 is (base + u r) - w r with r = 1 / (mx - mn); the largest sample
-/// picks base, u and w, and the first of equals wins. A gray pixel divides by 1 instead of 0, which
-/// gives hue 0, since its first sample is its largest and u is 0; its saturation is 0 / mx, and for
-/// black 0 / 1.
+/// The bits of `v` where the mask is set, 0 elsewhere.
+inline F32 Where(I32 mask, F32 v) {
+    return (F32)(mask & (I32)v);
+}
+inline F32 NegateWhere(I32 mask, F32 v) {
+    return (F32)((I32)v ^ (I32)((U32)mask & 0x80000000u));
+}
+
+/// With the distances a, b, c of the samples from the largest one and r = 1 / (mx - mn), the hue on
+/// the wheel of 6 is (c - b) r where the first sample is the largest, else 2 + a r - c r where the
+/// second is, else 4 - a r + b r. The largest's own distance is 0, so that one sum serves all
+/// three: base + u r - w r with u = a or -a and w = c - b or b - c. Gray divides by 1 instead of 0,
+/// which gives hue and saturation 0.
 template <class Sample>
 inline Planes ToHsv(Planes p) {
     constexpr float kM = kLargest<Sample>;
-    const I32 mx = Max(Max(p.s0, p.s1), p.s2), mn = Min(Min(p.s0, p.s1), p.s2), span = mx - mn;
-    const I32 first = mx == p.s0, second = mx == p.s1;
-    const I32 u = first ? p.s1 - p.s2 : second ? mx - p.s0 : p.s0 - mx;
-    const I32 w = first ? I32{} : second ? mx - p.s2 : p.s1 - mx;
-    const I32 base = first ? I32{} : second ? I32{} + 2 : I32{} + 4;
-    const F32 r = 1.0f / ToFloat(Max(span, I32{} + 1));
-    F32 h = ((ToFloat(base) + ToFloat(u) * r) - ToFloat(w) * r) * kM / 6.0f;
-    h = h < 0.0f ? h + kM : h;
-    const F32 s = ToFloat(span) / ToFloat(Max(mx, I32{} + 1)) * kM;
-    return {ToInt(h + 0.5f), ToInt(s + 0.5f), mx};
+    const F32 one = F32{} + 1.0f;
+    const F32 s0 = ToFloat(p.s0), s1 = ToFloat(p.s1), s2 = ToFloat(p.s2);
+    const F32 mx = Max(Max(s0, s1), s2), span = mx - Min(Min(s0, s1), s2);
+    const I32 first = s0 == mx, second = s1 == mx;
+    const F32 base = Where(~first, 4.0f - Where(second, F32{} + 2.0f));
+    const F32 u = NegateWhere(~second, mx - s0);
+    const F32 w = NegateWhere(first, (mx - s2) - (mx - s1));
+    const F32 r = 1.0f / Max(span, one);
+    F32 h = (base + u * r - w * r) * kM / 6.0f;
+    h += Where(h < 0.0f, F32{} + kM);
+    const F32 s = span / Max(mx, one) * kM;
+    return {ToInt(h + 0.5f), ToInt(s + 0.5f), ToInt(mx)};
 }
 
-/// Two of the three results of a pixel are V and m. The third is k in the even sixths of the wheel
-/// and n in the odd ones, which differ in one factor only. All of them lie in 0..V, and with S of 0
-/// all are V.
+/// Each result is V (1 - s g), where g is 0 in two sixths of the wheel (V itself), 1 in two others
+/// (m), and rises or falls with the place between them (n and k). Cutting two straight lines to
+/// 0..1 gives g without a look at the sixth; the lines are exact where they are taken. The results
+/// lie in 0..V.
 template <class Sample>
 inline Planes FromHsv(Planes p) {
     constexpr float kM = kLargest<Sample>;
     const F32 value = ToFloat(p.s2), s = ToFloat(p.s1) / kM;
-    F32 h = ToFloat(p.s0 * 6) / kM;
-    h = h >= 6.0f ? h - 6.0f : h;
-    const I32 i = ToInt(h);
-    const F32 f = h - ToFloat(i);
-    const I32 even = (i & 1) == 0;
-    const I32 m = ToInt(value * (1.0f - s) + 0.5f);
-    const I32 t = ToInt(value * (1.0f - s * (even ? 1.0f - f : f)) + 0.5f);
-    const I32 v = p.s2;
-    const I32 below1 = i < 1, below2 = i < 2, below3 = i < 3, below4 = i < 4, below5 = i < 5;
-    return {below1   ? v
-            : below2 ? t
-            : below4 ? m
-            : below5 ? t
-                     : v,
-            below1   ? t
-            : below3 ? v
-            : below4 ? t
-                     : m,
-            below2   ? m
-            : below3 ? t
-            : below5 ? v
-                     : t};
+    F32 h = ToFloat(p.s0) * 6.0f / kM;
+    h = Where(h < 6.0f, h);  // the full turn, 6, is no turn
+    const auto sample = [&](F32 g) {
+        g = Min(Max(g, F32{}), F32{} + 1.0f);
+        return ToInt(value * (1.0f - s * g) + 0.5f);
+    };
+    return {sample(Min(h - 1.0f, 5.0f - h)), sample(Max(1.0f - h, h - 3.0f)),
+            sample(Max(3.0f - h, h - 5.0f))};
 }
 
 template <class Sample, class Convert>

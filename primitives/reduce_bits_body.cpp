@@ -219,7 +219,10 @@ class Quantizer<std::uint8_t> {
     Error errors_[256 + 2 * kMargin];
 };
 
-/// By a table of the levels' values; the level is found as LevelMap does it.
+/// By a table of the levels' values. Level k is floor(v top / 65535 + 1/2); a quotient in fixed
+/// point with kPoint bits errs by less than 2^-24, and no fraction comes that near to the next
+/// whole number. The table goes on at both ends, so that it is looked up while v is still being
+/// cut.
 template <>
 class Quantizer<std::uint16_t> {
   public:
@@ -227,23 +230,32 @@ class Quantizer<std::uint16_t> {
     using Errors = I32;
     static constexpr int kMargin = 32768;
     static constexpr std::size_t ScratchBytes(std::uint32_t top) {
-        return (std::size_t{top} + 1) * sizeof(std::uint16_t);
+        return EntryCount(top) * sizeof(std::uint16_t);
     }
     Quantizer(std::uint32_t top, Scratch& scratch)
-        : top_(top), values_(scratch.Take<std::uint16_t>(std::size_t{top} + 1)) {
-        for (std::uint32_t k = 0; k <= top; ++k)
-            values_[k] = static_cast<std::uint16_t>(LevelValue<std::uint16_t>(k, top));
+        : scale_(((std::uint64_t{top} << kPoint) + 32767) / 65535),
+          offset_((std::uint64_t{Before(top)} << kPoint) + (std::uint64_t{1} << (kPoint - 1)) -
+                  kMargin * scale_),
+          values_(scratch.Take<std::uint16_t>(EntryCount(top))) {
+        const std::uint32_t before = Before(top);
+        for (std::uint32_t i = 0; i < EntryCount(top); ++i) {
+            const std::uint32_t k = i < before ? 0 : i - before > top ? top : i - before;
+            values_[i] = static_cast<std::uint16_t>(LevelValue<std::uint16_t>(k, top));
+        }
     }
     int operator()(std::uint32_t shifted, std::uint16_t& value) const {
-        int v = static_cast<int>(shifted) - kMargin;
-        v = v < 0 ? 0 : v > 65535 ? 65535 : v;
-        const std::uint32_t x = static_cast<std::uint32_t>(v) * top_ + 32767;
-        value = values_[(x + 1 + (x >> 16)) >> 16];
-        return v - value;
+        value = values_[(shifted * scale_ + offset_) >> kPoint];
+        const int v = static_cast<int>(shifted) - kMargin;
+        return (v < 0 ? 0 : v > 65535 ? 65535 : v) - value;
     }
 
   private:
-    std::uint32_t top_;
+    static constexpr int kPoint = 40;
+    /// Entries before level 0, and in all: kMargin is a little more than half of the range.
+    static constexpr std::uint32_t Before(std::uint32_t top) { return top / 2 + 2; }
+    static constexpr std::size_t EntryCount(std::uint32_t top) { return 2 * std::size_t{top} + 6; }
+
+    std::uint64_t scale_, offset_;
     std::uint16_t* values_;
 };
 

@@ -29,7 +29,12 @@ class FencedBytes {
     FencedBytes(const FencedBytes& other) : FencedBytes(other.size_) {
         std::memcpy(data(), other.data(), size_);
     }
-    FencedBytes& operator=(const FencedBytes&) = delete;
+    FencedBytes& operator=(FencedBytes other) {
+        std::swap(size_, other.size_);
+        std::swap(fence_, other.fence_);
+        std::swap(map_, other.map_);
+        return *this;
+    }
     ~FencedBytes() { munmap(map_, fence_ + kPage); }
 
     std::uint8_t* data() const { return map_ + fence_ - size_; }

@@ -1,0 +1,42 @@
+// What a benchmark of a primitive is: a name, the traffic it causes, a call on frames of a common
+// size. The peers are operations of another library under the same names.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "primitives/types.h"
+
+namespace brushworks::bench {
+
+inline constexpr IppiSize kFrame{1920, 1080};
+
+struct Operation {
+    std::string name;
+    /// Bytes that a pixel occupies in the images read, plus those in the images written.
+    int bytesPerPixel;
+    /// One run over a frame; the result is a primitive's status.
+    std::function<int()> run;
+};
+
+/// Three images of a sample type, with room for four channels; made and filled on first use.
+/// Float samples lie in 0.5 to 1, where no chain of operations meets slow numbers for long.
+template <class Sample>
+struct Images {
+    static constexpr std::size_t kSamples = std::size_t{4} * kFrame.width * kFrame.height;
+    std::vector<Sample> a, b, dst;
+    static Images& Get();
+};
+
+/// Bytes of a row without padding.
+template <class Sample, int Channels>
+inline constexpr int kStep = kFrame.width* Channels* int{sizeof(Sample)};
+
+std::vector<Operation> Pointwise();
+/// Empty where the library was not found.
+std::vector<Operation> Peers();
+
+}  // namespace brushworks::bench

@@ -1,0 +1,218 @@
+// A host with declarations of its own drives the shared library by dlopen alone, through everything
+// a host may call.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "own_declarations.h"
+
+namespace other {
+namespace {
+
+/// A face that lives as long as the test and only counts.
+template <class Face>
+struct Counted : Face {
+    uint32_t AddRef() override { return ++references; }
+    uint32_t Release() override { return --references; }
+    uint32_t references = 1;
+};
+
+struct Lender : Counted<Memory> {
+    uint32_t QueryInterface(const Guid&, void**) override { return 0x80004002; }
+    void Allocate(void** block, unsigned long size) override { *block = Lend(size); }
+    void Free(void* block) override { TakeBack(block); }
+    void AllocatePicture(uint8_t** buffer, int width, int height, int depth, int* span) override {
+        *span = (width * depth + 31) / 16 * 16;
+        *buffer = static_cast<uint8_t*>(Lend(static_cast<size_t>(*span) * height));
+    }
+    void FreePicture(uint8_t* buffer) override { TakeBack(buffer); }
+
+    int out = 0, lent = 0;
+
+  private:
+    void* Lend(size_t bytes) {
+        ++lent;
+        ++out;
+        return std::malloc(bytes);
+    }
+    void TakeBack(void* block) {
+        --out;
+        std::free(block);
+    }
+};
+
+/// Offers no entry that is ever used: the answer to GetGPUCaps needs only that it exists.
+struct FakeGL : Counted<Unknown> {
+    uint32_t QueryInterface(const Guid&, void**) override { return 0x80004002; }
+};
+
+struct PlainHost : Counted<Host> {
+    uint32_t QueryInterface(const Guid& id, void** face) override {
+        Unknown* found = nullptr;
+        if (lender && std::memcmp(&id, &kMemory, 20) == 0) found = lender;
+        if (gl && std::memcmp(&id, &kHostGL, 20) == 0) found = gl;
+        if (found) found->AddRef();
+        *face = found;
+        return found ? 0 : 0x80004002;
+    }
+    void GetParam(unsigned index, uint64_t* value, unsigned) override { *value = values[index]; }
+    HostInfo GetHostInfo() override { return {"other", {}}; }
+
+    std::vector<uint64_t> values;
+    Lender* lender = nullptr;
+    FakeGL* gl = nullptr;
+};
+
+class Contract : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        m_file = dlopen(BRUSHWORKS_LIBRARY_FILE, RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(m_file, nullptr) << dlerror();
+        getLibrary = reinterpret_cast<Library* (*)()>(dlsym(m_file, "GetEffectsLibrary"));
+        canUnload = reinterpret_cast<bool (*)()>(dlsym(m_file, "CanUnloadDLLNow"));
+        ASSERT_TRUE(getLibrary && canUnload);
+    }
+    void TearDown() override {
+        if (m_file) dlclose(m_file);
+    }
+
+    Library* (*getLibrary)() = nullptr;
+    bool (*canUnload)() = nullptr;
+
+  private:
+    void* m_file = nullptr;
+};
+
+TEST_F(Contract, LibraryObjectsAloneKeepTheFileLoaded) {
+    EXPECT_TRUE(canUnload());
+    Library* library = getLibrary();
+    Library* second = getLibrary();
+    EXPECT_NE(library, second);
+    EXPECT_STREQ(library->GetName(), "Lumenfold Brushworks");
+    EXPECT_EQ(second->Release(), 0u);
+    Effect* effect = library->CreateEffect(11);
+    EXPECT_STREQ(effect->GetName(), "Water Color");
+    EXPECT_EQ(library->CreateEffect(12), nullptr);
+    EXPECT_FALSE(canUnload());
+    EXPECT_EQ(library->Release(), 0u);
+    EXPECT_TRUE(canUnload());  // with the effect still alive
+    EXPECT_EQ(effect->Release(), 0u);
+}
+
+TEST_F(Contract, LibraryFaces) {
+    Library* library = getLibrary();
+    void* face = nullptr;
+    for (const Guid& id : {kUnknown, kLibrary}) {
+        ASSERT_EQ(library->QueryInterface(id, &face), 0u);
+        EXPECT_EQ(face, library);
+        EXPECT_EQ(library->Release(), 1u);
+    }
+    for (const Guid& id : {kLanguages, kEffect}) {
+        face = library;
+        EXPECT_EQ(library->QueryInterface(id, &face), 0x80004002u);
+        EXPECT_EQ(face, nullptr);
+    }
+    EXPECT_FALSE(library->OpenHelp(nullptr, 0));
+    EXPECT_EQ(library->GetActivationManager(), nullptr);  // nothing to activate
+    EXPECT_EQ(library->AddRef(), 2u);
+    EXPECT_EQ(library->Release(), 1u);
+    EXPECT_EQ(library->Release(), 0u);
+}
+
+TEST_F(Contract, DescriptionsOfAllTwelve) {
+    constexpr const char* kNames[] = {"Toonery Plus",   "Charcoal",      "Colored Pencil",
+                                      "Aurascope Plus", "Impressionist", "Mosaic",
+                                      "Mural",          "Oil",           "Paper Collage",
+                                      "Pencil Rubbing", "Posterize",     "Water Color"};
+    Library* library = getLibrary();
+    for (unsigned e = 0; e < 12; ++e) {
+        Effect* effect = library->CreateEffect(e);
+        EXPECT_STREQ(effect->GetName(), kNames[e]);
+        EXPECT_EQ(effect->GetCaps(), 0x3C1u);
+        void* face = nullptr;
+        ASSERT_EQ(effect->QueryInterface(kToolTips, &face), 0u);
+        auto* toolTips = static_cast<ToolTips*>(face);
+        for (unsigned i = 0; i < 100; ++i) {
+            Control setup{};
+            const bool exists = effect->EnumParam(i, &setup);
+            EXPECT_EQ(exists, setup.active);
+            EXPECT_EQ(effect->EnumToolTip(i), toolTips->EnumToolTip(i));
+            if (!exists) {
+                EXPECT_EQ(toolTips->EnumToolTip(i), nullptr);
+            }
+        }
+        toolTips->Release();
+        EXPECT_EQ(effect->Release(), 0u);
+    }
+    Effect* posterize = library->CreateEffect(10);
+    Control setup{};
+    ASSERT_TRUE(posterize->EnumParam(3, &setup));
+    EXPECT_EQ(setup.type, 1u);
+    EXPECT_EQ(setup.options, 8u);
+    EXPECT_STREQ(setup.texts[7], "9");
+    EXPECT_STREQ(setup.name, "Levels");
+    EXPECT_EQ(setup.width, 77);
+    EXPECT_STREQ(posterize->EnumToolTip(4), "Sets number of colors to use");
+    EXPECT_EQ(posterize->EnumToolTip(4), posterize->EnumToolTip(3));  // one text, shared
+    setup = {};
+    ASSERT_TRUE(posterize->EnumParam(2, &setup));
+    EXPECT_EQ(setup.low, -100.0f);
+    EXPECT_EQ(setup.high, 100.0f);
+    EXPECT_EQ(setup.value, 0x3EF5C28Fu);
+    uint64_t word = 0;
+    ASSERT_TRUE(posterize->EnumPresetData(4, 0, &word));
+    EXPECT_STREQ(posterize->EnumPreset(4), "Offset Printing");
+    EXPECT_EQ(word, 0x3EF851ECu);
+    posterize->Release();
+    library->Release();
+}
+
+TEST_F(Contract, ARenderWithAndWithoutTheHostsMemory) {
+    Library* library = getLibrary();
+    Effect* effect = library->CreateEffect(10);
+    PlainHost host;
+    Lender lender;
+    Control setup{};
+    for (unsigned i = 0; effect->EnumParam(i, &setup); ++i) host.values.push_back(setup.value);
+    std::vector<uint8_t> source(64 * 48 * 4), first(source.size()), second(source.size());
+    for (size_t i = 0; i < source.size(); ++i) source[i] = static_cast<uint8_t>(i * 7 + i / 200);
+    Frame from{source.data(), 64, 48, 256, 4, 0, 0, 0, false}, to = from;
+    Info info{0x20, 1.0, 0, 3, {}};
+    to.pixels = first.data();
+    ASSERT_TRUE(effect->Render(&host, &from, nullptr, &to, &info));
+    host.lender = &lender;
+    to.pixels = second.data();
+    ASSERT_TRUE(effect->Render(&host, &from, nullptr, &to, nullptr));
+    EXPECT_EQ(first, second);
+    EXPECT_NE(first, source);
+    EXPECT_GT(lender.lent, 0);
+    EXPECT_EQ(lender.out, 0);
+    EXPECT_EQ(lender.references, 1u);
+    EXPECT_EQ(host.references, 1u);
+    effect->Release();
+    library->Release();
+}
+
+TEST_F(Contract, GPUCapsWithoutAContextSayNo) {
+    Library* library = getLibrary();
+    Effect* effect = library->CreateEffect(7);
+    PlainHost host;
+    Caps caps{9, 9, false};
+    EXPECT_FALSE(effect->GetGPUCaps(&host, nullptr, &caps, 0));
+    EXPECT_EQ(caps.supported, 9);
+    FakeGL gl;
+    host.gl = &gl;
+    EXPECT_TRUE(effect->GetGPUCaps(&host, nullptr, &caps, 0));
+    EXPECT_EQ(caps.zero, 0);
+    EXPECT_EQ(caps.supported, 0);
+    EXPECT_TRUE(caps.allowed);
+    EXPECT_EQ(gl.references, 1u);
+    effect->Release();
+    library->Release();
+}
+
+}  // namespace
+}  // namespace other
