@@ -1,0 +1,51 @@
+// Paints decoded frames: to the effect's layout, upright, through the effect, to the output's.
+#pragma once
+
+#include <cstdint>
+
+#include "host/effect.h"
+#include "media/orientation.h"
+#include "media/raster.h"
+
+namespace brushworks::tools {
+
+/// A frame and its place in the video.
+struct NumberedFrame {
+    std::int64_t number = 0;  ///< from 0
+    media::FramePtr frame;
+};
+
+/// What all frames of a job have in common.
+struct PaintSettings {
+    int recordedWidth = 0;  ///< of the frames as they are decoded
+    int recordedHeight = 0;
+    media::Orientation orientation;
+    media::Raster output;
+    AVRational pixelAspect = {0, 1};  ///< width of a pixel over its height, 0/1 where not known
+    std::int32_t seed = 0;
+    bool fields = false;  ///< render the two fields of a frame each for itself
+};
+
+/// One worker, with an effect object of its own. [one thread at a time]
+class FramePainter {
+  public:
+    FramePainter(host::Effect effect, const PaintSettings& settings);
+
+    /// The painted frame, ready for the encoder. Throws std::runtime_error when the effect cannot
+    /// render it.
+    media::FramePtr paint(NumberedFrame decoded);
+
+  private:
+    void render(const AVFrame& source, AVFrame& destination, std::int64_t number);
+
+    host::Effect m_effect;
+    PaintSettings m_settings;
+    media::Raster m_uprightRaster;
+    media::RasterConverter m_toBgra;
+    media::RasterConverter m_toOutput;
+    media::FramePtr m_pRecorded;
+    media::FramePtr m_pUpright;
+    media::FramePtr m_pPainted;
+};
+
+}  // namespace brushworks::tools

@@ -1,0 +1,52 @@
+// The handler does the little that a handler may: it removes one file and lets the signal go on, so
+// that a long render ends at once and the caller sees which signal ended it.
+#include "interrupt.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <climits>
+#include <cstring>
+
+namespace brushworks::tools {
+namespace {
+
+char g_path[PATH_MAX];
+std::atomic<bool> g_armed = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+extern "C" void removeAndEnd(int signalNumber) {
+    if (g_armed.exchange(false)) unlink(g_path);
+    // The handler is gone (SA_RESETHAND), so this ends the program as soon as it returns.
+    raise(signalNumber);
+}
+
+void installHandlers() {
+    for (const int number :
+         {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGXCPU, SIGXFSZ, SIGABRT}) {
+        struct sigaction old = {};
+        sigaction(number, nullptr, &old);
+        if (old.sa_handler == SIG_IGN) continue;  // started in the background, by nohup
+        struct sigaction action = {};
+        action.sa_handler = removeAndEnd;
+        action.sa_flags = static_cast<int>(SA_RESETHAND);
+        sigaction(number, &action, nullptr);
+    }
+}
+
+}  // namespace
+
+void removeOnInterrupt(const std::string& path) {
+    g_armed = false;
+    if (path.size() >= sizeof g_path) return;  // no file can be made there
+    std::memcpy(g_path, path.c_str(), path.size() + 1);
+    g_armed = true;
+    installHandlers();
+}
+
+void keepOnInterrupt() {
+    g_armed = false;
+}
+
+}  // namespace brushworks::tools

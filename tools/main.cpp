@@ -1,0 +1,108 @@
+// brushworks: the command line. Exit status: 0 done, 1 failed, 2 wrong usage.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <iostream>
+
+#include "describe_command.h"
+#include "host/error.h"
+#include "host/library.h"
+#include "media/error.h"
+#include "paint_command.h"
+
+namespace {
+
+using namespace brushworks;
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+constexpr int kMostJobs = 1024;
+
+host::Library loadLibrary() {
+    return host::Library::load("", {.name = "brushworks", .services = {}});
+}
+
+void addList(CLI::App& app) {
+    CLI::App* list = app.add_subcommand("list", "List the effects: index, id, display name");
+    list->callback([] { tools::listEffects(loadLibrary(), std::cout); });
+}
+
+void addInfo(CLI::App& app) {
+    CLI::App* info = app.add_subcommand("info", "Tell an effect's parameters and presets");
+    const auto effect = std::make_shared<std::string>();
+    const auto json = std::make_shared<bool>(false);
+    info->add_option("EFFECT", *effect, "Id, display name or index of an effect")->required();
+    info->add_flag("--json", *json, "Write JSON, with the values of the presets");
+    info->callback([=] {
+        const host::Effect opened = loadLibrary().open(*effect);
+        if (*json) {
+            tools::describeEffectAsJson(opened.info(), std::cout);
+        } else {
+            tools::describeEffect(opened.info(), std::cout);
+        }
+    });
+}
+
+void addPaint(CLI::App& app) {
+    CLI::App* paint = app.add_subcommand("paint", "Paint a picture or a video");
+    const auto options = std::make_shared<tools::PaintOptions>();
+    paint->add_option("INPUT", options->input, "Picture or video to paint")->required();
+    paint->add_option("-e,--effect", options->effect, "Id, display name or index of an effect")
+        ->required();
+    paint->add_option("-p,--preset", options->preset, "Start from this preset of the effect");
+    paint
+        ->add_option("-s,--set", options->values,
+                     "Set a parameter, as 'info' names it; may be given again")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false);
+    paint
+        ->add_option("-o,--output", options->output,
+                     "File to write; its extension tells the type: .png, .jpg, .tif, .webp, .ppm; "
+                     ".mp4, .mov, .mkv, .webm")
+        ->required();
+    paint->add_option("-j,--jobs", options->jobs, "Frames to render at once (default: all cores)")
+        ->check(CLI::Range(1, kMostJobs));
+    paint->add_option("--seed", options->seed, "Seed of random strokes")->capture_default_str();
+    paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
+    paint->add_flag("-f,--force", options->force, "Replace an existing output");
+    paint->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
+    paint->callback([=] { tools::paint(loadLibrary(), *options); });
+}
+
+int fail(const std::exception& error, int status) {
+    std::fprintf(stderr, "brushworks: %s\n", error.what());
+    return status;
+}
+
+int run(int count, char** arguments) {
+    CLI::App app("Twelve painterly effects for pictures and videos", "brushworks");
+    app.set_version_flag("--version", BRUSHWORKS_VERSION);
+    app.require_subcommand(1);
+    addList(app);
+    addInfo(app);
+    addPaint(app);
+    try {
+        app.parse(count, arguments);
+        // A full disk behind a pipe or a redirection is a failure like any other.
+        std::cout.flush();
+        return std::cout ? 0 : fail(std::runtime_error("cannot write the output"), kFailed);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : kWrongUsage;
+    } catch (const host::UsageError& error) {
+        return fail(error, kWrongUsage);
+    } catch (const media::MediaUsageError& error) {
+        return fail(error, kWrongUsage);
+    } catch (const std::exception& error) {
+        return fail(error, kFailed);
+    }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    try {
+        return run(count, arguments);
+    } catch (const std::exception& error) {
+        return fail(error, kFailed);
+    }
+}

@@ -1,0 +1,23 @@
+// FFmpeg's log, kept off the terminal: its lines serve our own messages, and tell of damage that
+// its result codes pass over.
+#pragma once
+
+#include <string>
+
+namespace brushworks::media {
+
+/// How many lines of level error or worse the readers of files have logged.
+struct LoggedErrors {
+    int demuxer = 0;
+    int decoder = 0;
+};
+
+/// From here on FFmpeg logs here and nowhere else. May be called again.
+void captureLog();
+
+LoggedErrors loggedErrors();
+
+/// The last line of level error or worse, which is then forgotten; "" when there was none.
+std::string takeLastError();
+
+}  // namespace brushworks::media

@@ -1,0 +1,172 @@
+// Colour conversion, turning pictures, and the signs of a file's end.
+#include <gtest/gtest.h>
+
+extern "C" {
+#include <libavutil/display.h>
+}
+
+#include <array>
+#include <cstring>
+#include <vector>
+
+#include "media/jpeg_end.h"
+#include "media/orientation.h"
+#include "media/output_format.h"
+#include "media/raster.h"
+
+namespace brushworks::media {
+namespace {
+
+using Bgr = std::array<int, 3>;
+
+/// The colour that a plain picture of these samples shows.
+Bgr shown(int y, int u, int v, AVColorSpace matrix, AVColorRange range) {
+    const Raster raster = {AV_PIX_FMT_YUV420P, 16, 16, matrix, range};
+    const FramePtr coded = allocateFrame(raster);
+    const std::array<int, 3> samples = {y, u, v};
+    for (int plane = 0; plane < 3; ++plane) {
+        const int rows = plane == 0 ? 16 : 8;
+        std::memset(coded->data[plane], samples[static_cast<std::size_t>(plane)],
+                    static_cast<std::size_t>(coded->linesize[plane] * rows));
+    }
+    const FramePtr bgra = allocateFrame(bgraRaster(16, 16));
+    RasterConverter().convert(*coded, rasterOf(*coded), *bgra, bgraRaster(16, 16), false);
+    const std::uint8_t* pixel = bgra->data[0] + 5 * bgra->linesize[0] + 5 * 4;
+    EXPECT_EQ(pixel[3], 255);
+    return {pixel[0], pixel[1], pixel[2]};
+}
+
+void expectNear(const Bgr& actual, const Bgr& expected) {
+    for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(actual[i], expected[i], 2) << "channel " << i;
+}
+
+TEST(Raster, RespectsMatrixAndRange) {
+    expectNear(shown(16, 128, 128, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG), {0, 0, 0});
+    expectNear(shown(235, 128, 128, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG), {255, 255, 255});
+    expectNear(shown(16, 128, 128, AVCOL_SPC_BT709, AVCOL_RANGE_JPEG), {16, 16, 16});
+    // Pure green and pure red, as the two standards code them.
+    expectNear(shown(173, 42, 26, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG), {0, 255, 0});
+    expectNear(shown(145, 54, 34, AVCOL_SPC_SMPTE170M, AVCOL_RANGE_MPEG), {0, 255, 0});
+    expectNear(shown(63, 102, 240, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG), {0, 0, 255});
+    expectNear(shown(76, 85, 255, AVCOL_SPC_SMPTE170M, AVCOL_RANGE_JPEG), {0, 0, 255});
+    // A small picture that leaves its matrix open is read as standard definition.
+    expectNear(shown(145, 54, 34, AVCOL_SPC_UNSPECIFIED, AVCOL_RANGE_UNSPECIFIED), {0, 255, 0});
+}
+
+TEST(Raster, GoesToTheCodedColoursAndBack) {
+    for (const AVColorSpace matrix : {AVCOL_SPC_BT709, AVCOL_SPC_SMPTE170M}) {
+        for (const AVColorRange range : {AVCOL_RANGE_MPEG, AVCOL_RANGE_JPEG}) {
+            const Raster raster = {AV_PIX_FMT_YUV420P, 8, 8, matrix, range};
+            const FramePtr bgra = allocateFrame(bgraRaster(8, 8));
+            const FramePtr coded = allocateFrame(raster);
+            const FramePtr back = allocateFrame(bgraRaster(8, 8));
+            for (int y = 0; y < 8; ++y) {
+                std::uint8_t* row = bgra->data[0] + y * bgra->linesize[0];
+                for (int x = 0; x < 8; ++x) std::memcpy(row + x * 4, "\x20\x80\xE0\xFF", 4);
+            }
+            for (const bool fields : {false, true}) {
+                RasterConverter().convert(*bgra, bgraRaster(8, 8), *coded, raster, fields);
+                RasterConverter().convert(*coded, raster, *back, bgraRaster(8, 8), fields);
+                const std::uint8_t* pixel = back->data[0] + 7 * back->linesize[0] + 7 * 4;
+                expectNear({pixel[0], pixel[1], pixel[2]}, {0x20, 0x80, 0xE0});
+            }
+        }
+    }
+}
+
+TEST(Raster, ConvertsFieldsEachForItself) {
+    // White rows over black ones: mixed colour rows would turn grey, or leak colour.
+    const FramePtr bgra = allocateFrame(bgraRaster(8, 8));
+    for (int y = 0; y < 8; ++y) {
+        std::uint8_t* row = bgra->data[0] + y * bgra->linesize[0];
+        for (int x = 0; x < 8; ++x) {
+            std::memcpy(row + x * 4, y % 2 == 0 ? "\x00\x00\xFF\xFF" : "\xFF\x00\x00\xFF", 4);
+        }
+    }
+    const Raster raster = {AV_PIX_FMT_YUV420P, 8, 8, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG};
+    const FramePtr coded = allocateFrame(raster);
+    const FramePtr back = allocateFrame(bgraRaster(8, 8));
+    RasterConverter().convert(*bgra, bgraRaster(8, 8), *coded, raster, true);
+    RasterConverter().convert(*coded, raster, *back, bgraRaster(8, 8), true);
+    for (int y = 0; y < 8; ++y) {
+        const std::uint8_t* pixel = back->data[0] + y * back->linesize[0] + 4 * 4;
+        expectNear({pixel[0], pixel[1], pixel[2]}, y % 2 == 0 ? Bgr{0, 0, 255} : Bgr{255, 0, 0});
+    }
+}
+
+/// A picture whose pixels are the letters of `rows`.
+FramePtr letters(const std::vector<std::string>& rows) {
+    FramePtr frame =
+        allocateFrame(bgraRaster(static_cast<int>(rows[0].size()), static_cast<int>(rows.size())));
+    for (std::size_t y = 0; y < rows.size(); ++y) {
+        for (std::size_t x = 0; x < rows[y].size(); ++x) {
+            std::memset(frame->data[0] + y * static_cast<std::size_t>(frame->linesize[0]) + x * 4,
+                        rows[y][x], 4);
+        }
+    }
+    return frame;
+}
+
+std::vector<std::string> read(const AVFrame& frame) {
+    std::vector<std::string> rows(static_cast<std::size_t>(frame.height));
+    for (int y = 0; y < frame.height; ++y) {
+        for (int x = 0; x < frame.width; ++x) {
+            rows[static_cast<std::size_t>(y)] +=
+                static_cast<char>(frame.data[0][y * frame.linesize[0] + x * 4]);
+        }
+    }
+    return rows;
+}
+
+TEST(Orientation, TurnsPicturesAsTheirMatrixSays) {
+    struct Case {
+        double clockwise;
+        bool mirrored;  ///< left to right, after the turn
+        std::vector<std::string> upright;
+    };
+    const Case cases[] = {
+        {0, false, {"abc", "def"}},   {90, false, {"da", "eb", "fc"}},
+        {180, false, {"fed", "cba"}}, {270, false, {"cf", "be", "ad"}},
+        {0, true, {"cba", "fed"}},    {90, true, {"ad", "be", "cf"}},
+        {45, false, {"abc", "def"}},  // not a right angle: left as it is
+    };
+    const FramePtr recorded = letters({"abc", "def"});
+    for (const Case& turn : cases) {
+        std::int32_t matrix[9];
+        av_display_rotation_set(matrix, turn.clockwise);
+        if (turn.mirrored) av_display_matrix_flip(matrix, 1, 0);
+        const Orientation orientation = orientationOf(matrix);
+        const FramePtr upright = letters(std::vector<std::string>(
+            turn.upright.size(), std::string(turn.upright[0].size(), '.')));
+        ASSERT_EQ(orientation.swapsSides(), upright->width == 2);
+        turnUpright(*recorded, orientation, *upright);
+        EXPECT_EQ(read(*upright), turn.upright)
+            << turn.clockwise << ' ' << turn.mirrored;  ///< left to right, after the turn
+    }
+    EXPECT_TRUE(orientationOf(nullptr).isUpright());
+}
+
+TEST(OutputFormat, KnowsExtensionsInAnyLetterCase) {
+    EXPECT_STREQ(outputFormatOf("/a.b/picture.JPeG").encoder, "mjpeg");
+    EXPECT_STREQ(outputFormatOf("x.webm").encoder, "libvpx-vp9");
+    for (const char* wrong : {"png", "x.", "x.gif", "x.png/", "x.png.txt", ".png"}) {
+        EXPECT_THROW(outputFormatOf(wrong), MediaUsageError) << wrong;
+    }
+}
+
+TEST(JpegEnd, IsTheOneBehindTheSamples) {
+    // Start, a segment that holds a thumbnail's end, start of scan, samples.
+    std::vector<std::uint8_t> jpeg = {0xFF, 0xD8, 0xFF, 0xE1, 0,    4,    0xFF, 0xD9,
+                                      0xFF, 0xDA, 0,    2,    0x12, 0xFF, 0x00, 0x34};
+    EXPECT_FALSE(jpegHasEnd(jpeg));
+    jpeg.push_back(0xFF);
+    EXPECT_FALSE(jpegHasEnd(jpeg));
+    jpeg.push_back(0xD9);
+    EXPECT_TRUE(jpegHasEnd(jpeg));
+    jpeg.push_back(0);  // padding does no harm
+    EXPECT_TRUE(jpegHasEnd(jpeg));
+    EXPECT_FALSE(jpegHasEnd({}));
+}
+
+}  // namespace
+}  // namespace brushworks::media

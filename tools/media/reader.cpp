@@ -1,0 +1,235 @@
+// Opens, demuxes and decodes one file, and watches for every sign of damage.
+#include "media/reader.h"
+
+extern "C" {
+#include <libavutil/display.h>
+#include <libavutil/pixdesc.h>
+}
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "media/container_end.h"
+#include "media/jpeg_end.h"
+
+namespace brushworks::media {
+namespace {
+
+constexpr AVRational kMicroseconds = {1, AV_TIME_BASE};
+
+bool readsPictures(const AVInputFormat& format) {
+    const std::string_view name = format.name;
+    return name.ends_with("_pipe") || name == "image2";
+}
+
+/// Whether frames may be decoded several at a time. The older decoders of FFmpeg 5 end the whole
+/// program when they do so and meet damage.
+bool bearsFrameThreads(AVCodecID codec) {
+    return codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_HEVC || codec == AV_CODEC_ID_VP8 ||
+           codec == AV_CODEC_ID_VP9;
+}
+
+/// Whether the file's own index tells of data behind the end of the file.
+bool indexPassesEnd(AVStream* stream, std::int64_t fileSize) {
+    const int count = avformat_index_get_entries_count(stream);
+    for (int i = 0; i < count; ++i) {
+        const AVIndexEntry* entry = avformat_index_get_entry(stream, i);
+        if (entry->pos + entry->size > fileSize) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+Reader::Reader(const std::string& path) : m_sPath(path) {
+    const std::string failure = "cannot read " + path;
+    AVIOContext* io = nullptr;
+    check(avio_open(&io, fileUrl(path).c_str(), AVIO_FLAG_READ), failure);
+    m_pIo.reset(io);
+    if (avio_size(io) == 0) throw MediaError(failure + ": it is empty");
+    if (endsEarly(*io)) failDamaged("the file is cut short");
+
+    // No name goes with the data: the type is known by content alone, and no pattern of a name
+    // makes FFmpeg look for other files.
+    AVFormatContext* input = avformat_alloc_context();
+    if (input == nullptr) throw std::bad_alloc();
+    input->pb = io;
+    takeLastError();
+    m_errorsAtStart = loggedErrors();
+    check(avformat_open_input(&input, "", nullptr, nullptr), failure);
+    m_pInput.reset(input);
+    m_bPicture = readsPictures(*input->iformat);
+    check(avformat_find_stream_info(input, nullptr), failure);
+
+    const AVCodec* codec = nullptr;
+    m_nVideo = av_find_best_stream(input, AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);
+    const bool cover = m_nVideo >= 0 && (video().disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
+    if (m_nVideo < 0 || cover) throw MediaError(failure + ": it has no picture and no video");
+    chooseCopied();
+    openDecoder(codec);
+    for (unsigned int i = 0; i < input->nb_streams; ++i) {
+        if (indexPassesEnd(input->streams[i], avio_size(io))) failDamaged("the file is cut short");
+    }
+
+    // Broadcast streams count their time from anywhere; files from their beginning.
+    const bool anyStart = (input->iformat->flags & AVFMT_TS_DISCONT) != 0;
+    if (anyStart && input->start_time != AV_NOPTS_VALUE) m_nShift = -input->start_time;
+    // A look at the first frames may have met ones that lack their references.
+    m_errorsAtStart.decoder = loggedErrors().decoder;
+}
+
+void Reader::chooseCopied() {
+    m_copied.assign(m_pInput->nb_streams, false);
+    for (unsigned int i = 0; i < m_pInput->nb_streams; ++i) {
+        AVStream* stream = m_pInput->streams[i];
+        const AVCodecParameters& codec = *stream->codecpar;
+        m_copied[i] = codec.codec_type == AVMEDIA_TYPE_AUDIO && codec.codec_id != AV_CODEC_ID_NONE;
+        const bool used = m_copied[i] || static_cast<int>(i) == m_nVideo;
+        stream->discard = used ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+    }
+}
+
+void Reader::openDecoder(const AVCodec* codec) {
+    m_pDecoder = owned<CodecPtr>(avcodec_alloc_context3(codec));
+    check(avcodec_parameters_to_context(m_pDecoder.get(), video().codecpar),
+          "cannot read " + m_sPath);
+    m_pDecoder->pkt_timebase = timeBase();
+    // A picture with holes is worse than none. The TIFF decoder alone would also refuse every tag
+    // that it does not know; its log tells of real damage.
+    m_pDecoder->err_recognition = AV_EF_CRCCHECK | AV_EF_BITSTREAM | AV_EF_BUFFER;
+    if (codec->id != AV_CODEC_ID_TIFF) m_pDecoder->err_recognition |= AV_EF_EXPLODE;
+    m_pDecoder->thread_count = m_bPicture ? 1 : 0;
+    if (!bearsFrameThreads(codec->id)) m_pDecoder->thread_type = FF_THREAD_SLICE;
+    check(avcodec_open2(m_pDecoder.get(), codec, nullptr), "cannot decode " + m_sPath);
+}
+
+FramePtr Reader::next() {
+    if (m_bPicture && m_nFrames > 0) return nullptr;
+    FramePtr frame = newFrame();
+    for (;;) {
+        const int result = avcodec_receive_frame(m_pDecoder.get(), frame.get());
+        if (result == 0) {
+            checkFrame(*frame);
+            fixTimes(*frame);
+            ++m_nFrames;
+            return frame;
+        }
+        if (result == AVERROR_EOF) {
+            checkReadToEnd();
+            return nullptr;
+        }
+        if (result != AVERROR(EAGAIN)) failDamaged(reason(result));
+        feedDecoder();
+    }
+}
+
+void Reader::feedDecoder() {
+    PacketPtr packet = newPacket();
+    const int result = av_read_frame(m_pInput.get(), packet.get());
+    if (result < 0 && result != AVERROR_EOF) failDamaged(reason(result));
+    if (m_pIo->error < 0) failDamaged(reason(m_pIo->error));
+    if (result == AVERROR_EOF) packet.reset();
+
+    if (!packet || packet->stream_index == m_nVideo) {
+        if (packet && (packet->flags & AV_PKT_FLAG_CORRUPT) != 0) {
+            failDamaged("a frame is cut short");
+        }
+        const bool jpeg = m_bPicture && m_pDecoder->codec_id == AV_CODEC_ID_MJPEG;
+        if (packet && jpeg && !jpegHasEnd({packet->data, static_cast<std::size_t>(packet->size)})) {
+            failDamaged("its end is missing");
+        }
+        const int sent = avcodec_send_packet(m_pDecoder.get(), packet.get());
+        if (sent < 0) failDamaged(reason(sent));
+        return;
+    }
+    if (!m_copied[packet->stream_index]) return;
+    if ((packet->flags & AV_PKT_FLAG_CORRUPT) != 0) failDamaged("its sound is cut short");
+    if (m_nShift != 0) {
+        const AVRational base = m_pInput->streams[packet->stream_index]->time_base;
+        const std::int64_t shift = av_rescale_q(m_nShift, kMicroseconds, base);
+        if (packet->pts != AV_NOPTS_VALUE) packet->pts += shift;
+        if (packet->dts != AV_NOPTS_VALUE) packet->dts += shift;
+    }
+    m_packets.push_back(std::move(packet));
+}
+
+void Reader::checkFrame(const AVFrame& frame) const {
+    if ((frame.flags & AV_FRAME_FLAG_CORRUPT) != 0 || frame.decode_error_flags != 0) {
+        failDamaged("frame " + std::to_string(m_nFrames) + " is damaged");
+    }
+    // Picture decoders fill in what is missing, and only their log tells of it.
+    if (m_bPicture && loggedErrors().decoder > m_errorsAtStart.decoder) {
+        failDamaged(takeLastError());
+    }
+}
+
+void Reader::checkReadToEnd() const {
+    if (loggedErrors().demuxer > m_errorsAtStart.demuxer) failDamaged(takeLastError());
+    if (m_nFrames == 0) failDamaged("it holds no frame");
+}
+
+void Reader::fixTimes(AVFrame& frame) {
+    std::int64_t step = frame.pkt_duration;
+    if (step <= 0 && frameRate().num > 0) {
+        step = av_rescale_q(1, av_inv_q(frameRate()), timeBase());
+    }
+    step = std::max<std::int64_t>(step, 1);
+    frame.pkt_duration = step;
+
+    const std::int64_t told = frame.best_effort_timestamp;
+    frame.pts = told != AV_NOPTS_VALUE ? told + av_rescale_q(m_nShift, kMicroseconds, timeBase())
+                                       : m_nNextTime;
+    m_nNextTime = frame.pts + step;
+}
+
+void Reader::failDamaged(const std::string& how) const {
+    throw MediaError(m_sPath + " is damaged or incomplete: " + how);
+}
+
+std::vector<const AVStream*> Reader::copiedStreams() const {
+    std::vector<const AVStream*> streams;
+    for (std::size_t i = 0; i < m_copied.size(); ++i) {
+        if (m_copied[i]) streams.push_back(m_pInput->streams[i]);
+    }
+    return streams;
+}
+
+std::vector<std::string> Reader::leftOut() const {
+    std::vector<std::string> words;
+    for (std::size_t i = 0; i < m_copied.size(); ++i) {
+        if (m_copied[i] || static_cast<int>(i) == m_nVideo) continue;
+        const AVCodecParameters& codec = *m_pInput->streams[i]->codecpar;
+        const char* type = av_get_media_type_string(codec.codec_type);
+        words.push_back(std::string(type != nullptr ? type : "unknown data") + " (" +
+                        avcodec_get_name(codec.codec_id) + ")");
+    }
+    return words;
+}
+
+AVRational Reader::frameRate() const {
+    return av_guess_frame_rate(m_pInput.get(), m_pInput->streams[m_nVideo], nullptr);
+}
+
+AVRational Reader::sampleAspect(const AVFrame& frame) const {
+    return av_guess_sample_aspect_ratio(m_pInput.get(), m_pInput->streams[m_nVideo],
+                                        const_cast<AVFrame*>(&frame));
+}
+
+Orientation Reader::orientation(const AVFrame& frame) const {
+    const AVFrameSideData* own = av_frame_get_side_data(&frame, AV_FRAME_DATA_DISPLAYMATRIX);
+    const std::uint8_t* matrix =
+        own != nullptr ? own->data
+                       : av_stream_get_side_data(&video(), AV_PKT_DATA_DISPLAYMATRIX, nullptr);
+    return orientationOf(reinterpret_cast<const std::int32_t*>(matrix));
+}
+
+std::int64_t Reader::expectedFrames() const {
+    if (m_bPicture) return 1;
+    if (video().nb_frames > 0) return video().nb_frames;
+    if (m_pInput->duration <= 0 || frameRate().num <= 0) return 0;
+    const double seconds = static_cast<double>(m_pInput->duration) / AV_TIME_BASE;
+    return std::llround(seconds * av_q2d(frameRate()));
+}
+
+}  // namespace brushworks::media

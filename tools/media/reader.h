@@ -1,0 +1,73 @@
+// Reads a picture or a video: decoded frames in display order, and the packets of the streams that
+// are copied as they are. Anything damaged or missing is an error.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "media/av.h"
+#include "media/log.h"
+#include "media/orientation.h"
+
+namespace brushworks::media {
+
+/// One input file. [one thread at a time]
+class Reader {
+  public:
+    /// Opens the file; throws MediaError.
+    explicit Reader(const std::string& path);
+
+    /// One picture; otherwise a video.
+    bool isPicture() const { return m_bPicture; }
+
+    /// The next frame, with its time in timeBase(); null behind the last one. Throws MediaError
+    /// when the file is damaged or ends too early.
+    FramePtr next();
+
+    /// The packets to be copied that have been read by the way, in their order, since the last
+    /// call. Their stream_index is an index of streams().
+    std::deque<PacketPtr> takePackets() { return std::exchange(m_packets, {}); }
+
+    /// The stream that next() decodes.
+    const AVStream& video() const { return *m_pInput->streams[m_nVideo]; }
+    /// The streams whose packets are handed out.
+    std::vector<const AVStream*> copiedStreams() const;
+    /// What is in the file and will not be handed out, in words: "subtitles (subrip)".
+    std::vector<std::string> leftOut() const;
+    const AVDictionary* metadata() const { return m_pInput->metadata; }
+
+    AVRational timeBase() const { return video().time_base; }
+    AVRational frameRate() const;
+    /// Width of a pixel over its height, or 0/1 where the file does not say.
+    AVRational sampleAspect(const AVFrame& frame) const;
+    Orientation orientation(const AVFrame& frame) const;
+    /// How many frames there should be, or 0 where the file does not say.
+    std::int64_t expectedFrames() const;
+
+  private:
+    void openDecoder(const AVCodec* codec);
+    void chooseCopied();
+    void feedDecoder();
+    void checkFrame(const AVFrame& frame) const;
+    void checkReadToEnd() const;
+    void fixTimes(AVFrame& frame);
+    [[noreturn]] void failDamaged(const std::string& how) const;
+
+    std::string m_sPath;
+    IoPtr m_pIo;  ///< outlives the input that reads through it
+    InputPtr m_pInput;
+    CodecPtr m_pDecoder;
+    int m_nVideo = -1;
+    bool m_bPicture = false;
+    std::vector<bool> m_copied;  ///< by stream
+    std::deque<PacketPtr> m_packets;
+    LoggedErrors m_errorsAtStart;
+    std::int64_t m_nFrames = 0;
+    std::int64_t m_nShift = 0;  ///< added to all times, in AV_TIME_BASE units
+    std::int64_t m_nNextTime = 0;
+};
+
+}  // namespace brushworks::media

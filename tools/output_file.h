@@ -1,0 +1,34 @@
+// An output file that appears only when it is whole.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace brushworks::tools {
+
+/// Reserves an output: what is written goes to temporaryPath(), in the folder of the output, and
+/// takes the output's name in commit(). Without a commit nothing is left behind, also when a signal
+/// ends the program. One at a time.
+class OutputFile {
+  public:
+    /// Throws std::runtime_error when there is such a file and `replace` is false, or when the
+    /// folder takes no file.
+    OutputFile(const std::string& path, bool replace);
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    const std::string& temporaryPath() const { return m_sTemporary; }
+    /// Gives the file its name, on disk and whole.
+    void commit();
+
+  private:
+    void createTemporary();
+
+    std::filesystem::path m_path;
+    std::string m_sTemporary;
+    bool m_bReplace;
+    bool m_bPending = false;
+};
+
+}  // namespace brushworks::tools

@@ -1,0 +1,29 @@
+// The subcommand that paints a picture or a video.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "host/library.h"
+
+namespace brushworks::tools {
+
+struct PaintOptions {
+    std::string input;
+    std::string output;
+    std::string effect;               ///< id, display name or index
+    std::string preset;               ///< "" for the defaults
+    std::vector<std::string> values;  ///< NAME=VALUE, after the preset
+    int jobs = 0;                     ///< frames rendered at once, 0 for as many as there are cores
+    std::int32_t seed = 0;
+    bool fields = false;
+    bool force = false;
+    bool quiet = false;
+};
+
+/// Paints `input` into `output`. Throws host::UsageError, media::MediaUsageError and other
+/// std::exceptions with texts for the user; then there is no output.
+void paint(const host::Library& library, const PaintOptions& options);
+
+}  // namespace brushworks::tools

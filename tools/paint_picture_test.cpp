@@ -1,0 +1,197 @@
+// `paint` with pictures.
+#include <gmock/gmock.h>
+
+#include "host/frame_params.h"
+#include "host/library.h"
+#include "testing_command.h"
+#include "testing_media.h"
+
+namespace brushworks::tools {
+namespace {
+
+using ::testing::AllOf;
+using testing::CommandTest;
+using testing::Content;
+using testing::contentOf;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using testing::Result;
+
+using Pixels = std::vector<std::uint8_t>;
+using Names = std::set<std::string>;
+
+class PaintPicture : public CommandTest {};
+
+FrameParams record(Pixels& pixels, int width, int height) {
+    return host::frameParams(pixels.data(), width, height, width * 4, PixelFormatBGRA8);
+}
+
+/// What Posterize makes of a picture without the command line.
+Pixels rendered(host::Effect& effect, Pixels source, int width, int height,
+                std::int16_t fieldMode) {
+    Pixels result(source.size());
+    const RenderInfo info = {kRenderHasFieldMode, 0, 0, fieldMode};
+    EXPECT_TRUE(effect.render(record(source, width, height), record(result, width, height), info));
+    return result;
+}
+
+TEST_F(PaintPicture, RendersWithPresetAndValues) {
+    testing::makeColors(path("in.png"), 37, 23);
+    const Result result =
+        paint("in.png", "out.png", {"-p", "subdued", "-s", "COLOR=30", "-s", "dither=option b"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_THAT(result.out + result.err, IsEmpty());
+    host::Effect effect = host::Library::load().open("posterize");
+    effect.applyPreset("Subdued");
+    effect.set("Color", "30");
+    effect.set("Dither", "Option B");
+    const Content in = contentOf(path("in.png"));
+    EXPECT_EQ(contentOf(path("out.png")).first, rendered(effect, in.first, 37, 23, 3));
+    EXPECT_EQ(files(), (Names{"in.png", "out.png"}));
+}
+
+TEST_F(PaintPicture, RendersTheFieldsOfAFrameEachForItself) {
+    const int width = 20;
+    const int height = 13;
+    testing::makeColors(path("in.png"), width, height);
+    ASSERT_EQ(paint("in.png", "out.png", {"-s", "Dither=Option A", "--fields"}).status, 0);
+
+    host::Effect effect = host::Library::load().open("posterize");
+    effect.set("Dither", "Option A");
+    const Pixels in = contentOf(path("in.png")).first;
+    const std::size_t row = width * 4;
+    Pixels expected(in.size());
+    for (std::size_t field = 0; field < 2; ++field) {
+        Pixels rows;
+        for (std::size_t y = field; y < height; y += 2) {
+            rows.insert(rows.end(), in.begin() + y * row, in.begin() + (y + 1) * row);
+        }
+        const int count = static_cast<int>(rows.size() / row);
+        rows = rendered(effect, rows, width, count, 2);
+        for (std::size_t y = field; y < height; y += 2) {
+            std::copy_n(rows.begin() + y / 2 * row, row, expected.begin() + y * row);
+        }
+    }
+    const Pixels actual = contentOf(path("out.png")).first;
+    EXPECT_EQ(actual, expected);
+    EXPECT_NE(actual, rendered(effect, in, width, height, 3));
+}
+
+TEST_F(PaintPicture, WritesEveryTypeAndKeepsAlphaWhereItCan) {
+    const int width = 33;
+    const int height = 17;
+    testing::makePicture(path("in.webp"), width, height, true);
+    const Content in = contentOf(path("in.webp"));
+    for (const char* type : {"png", "tif", "tiff", "webp", "jpg", "JPEG", "ppm"}) {
+        const std::string name = std::string("out.") + type;
+        const Result result = paint("in.webp", name);
+        ASSERT_EQ(result.status, 0) << type << result.err;
+        const Content out = contentOf(path(name));
+        EXPECT_EQ(out.width, width) << type;
+        EXPECT_EQ(out.height, height) << type;
+        EXPECT_EQ(out.numbers, in.numbers) << type;
+        const bool keeps = std::string("png tiff webp").find(type) != std::string::npos;
+        EXPECT_EQ(result.err.find("no room for transparency") == std::string::npos, keeps) << type;
+        for (std::size_t i = 3; i < in.first.size(); i += 4) {
+            ASSERT_EQ(out.first[i], keeps ? in.first[i] : 255) << type << " byte " << i;
+        }
+    }
+    EXPECT_THAT(paint("in.webp", "quiet.jpg", {"--quiet"}).err, IsEmpty());
+}
+
+TEST_F(PaintPicture, PaintsASinglePixel) {
+    for (const char* type : {"png", "tif", "webp", "jpg", "ppm"}) {
+        const std::string in = std::string("in.") + type;
+        const std::string out = std::string("out.") + type;
+        testing::makePicture(path(in), 1, 1, false);
+        for (const std::vector<std::string>& more :
+             {std::vector<std::string>{}, {"--fields", "-f"}}) {
+            const Result result = paint(in, out, more);
+            ASSERT_EQ(result.status, 0) << type << result.err;
+            EXPECT_EQ(contentOf(path(out)).first.size(), 4U) << type;
+        }
+    }
+}
+
+TEST_F(PaintPicture, ReplacesAFileOnlyWhenForced) {
+    testing::makePicture(path("in.png"), 16, 16, false);
+    testing::writeFile(path("out.png"), "precious");
+    const Result refused = paint("in.png", "out.png");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, AllOf(HasSubstr("out.png exists"), HasSubstr("--force")));
+    EXPECT_EQ(testing::readFile(path("out.png")), "precious");
+    EXPECT_EQ(paint("in.png", "out.png", {"--force"}).status, 0);
+    EXPECT_EQ(contentOf(path("out.png")).width, 16);
+
+    // Through a link, the file behind it is replaced.
+    testing::writeFile(path("target.png"), "precious");
+    std::filesystem::create_symlink("target.png", path("link.png"));
+    EXPECT_EQ(paint("in.png", "link.png", {"--force"}).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(path("link.png")));
+    EXPECT_EQ(contentOf(path("target.png")).width, 16);
+
+    const std::string before = testing::readFile(path("in.png"));
+    std::filesystem::create_hard_link(path("in.png"), path("same.png"));
+    for (const char* same : {"in.png", "./in.png", "same.png"}) {
+        const Result result = paint("in.png", same, {"--force"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_THAT(result.err, HasSubstr("same file"));
+    }
+    EXPECT_EQ(testing::readFile(path("in.png")), before);
+    EXPECT_EQ(files(), (Names{"in.png", "out.png", "target.png", "link.png", "same.png"}));
+}
+
+TEST_F(PaintPicture, FailsWithoutATraceWhereItCannotReadOrWrite) {
+    testing::makePicture(path("in.png"), 16, 16, false);
+    std::filesystem::create_directory(path("folder.png"));
+    testing::writeFile(path("text.png"), "not a picture at all");
+    testing::writeFile(path("empty.png"), "");
+    const auto expectFailure = [&](const char* input, const char* output, const char* message) {
+        const Result result = paint(input, output, {"-f"});
+        EXPECT_EQ(result.status, 1) << input << ' ' << output;
+        EXPECT_THAT(result.err, HasSubstr(message));
+    };
+    expectFailure("in.png", "missing/out.png", "missing/out.png: No such file or directory");
+    expectFailure("in.png", "/proc/out.png", "cannot write /proc/out.png");
+    expectFailure("in.png", "folder.png", "is a folder");
+    expectFailure("gone.png", "out.png", "gone.png");
+    expectFailure("text.png", "out.png", "cannot read text.png");
+    expectFailure("empty.png", "out.png", "it is empty");
+    const Result full = paint("in.png", "/dev/full", {"-f"});
+    EXPECT_EQ(full.status, 2);  // no extension
+    EXPECT_EQ(files(), (Names{"in.png", "folder.png", "text.png", "empty.png"}));
+}
+
+TEST_F(PaintPicture, TellsWhatTheEffectCouldNotRender) {
+    testing::makePicture(path("in.png"), 16, 16, false);
+    const Result result = run({"paint", "in.png", "-e", "stubborn-brush", "-o", "out.png"},
+                              BRUSHWORKS_TESTING_LIBRARY);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, HasSubstr("the effect stubborn-brush could not render frame 0"));
+    EXPECT_EQ(files(), Names{"in.png"});
+}
+
+TEST_F(PaintPicture, RefusesPicturesThatAreCutShort) {
+    for (const char* type : {"png", "jpg", "tif", "webp", "ppm"}) {
+        const std::string whole = std::string("whole.") + type;
+        const std::string cut = std::string("cut.") + type;
+        testing::makeColors(path(whole), 40, 30);
+        ASSERT_EQ(paint(whole, "out.png", {"-f"}).status, 0) << type;
+        std::filesystem::remove(path("out.png"));
+        const std::string bytes = testing::readFile(path(whole));
+        // A TIFF file ends in the place of its next picture, which nobody misses.
+        const std::size_t tail = std::string(type) == "tif" ? 5 : 1;
+        for (const std::size_t length : {std::size_t{30}, bytes.size() / 3, bytes.size() * 4 / 5,
+                                         bytes.size() - 40, bytes.size() - tail}) {
+            testing::writeFile(path(cut), bytes.substr(0, length));
+            const Result result = paint(cut, "out.png");
+            EXPECT_EQ(result.status, 1) << type << " cut at " << length << " of " << bytes.size();
+            EXPECT_THAT(result.err, HasSubstr(cut));
+        }
+    }
+    EXPECT_EQ(files().count("out.png"), 0U);
+    EXPECT_EQ(files().size(), 10U);
+}
+
+}  // namespace
+}  // namespace brushworks::tools
