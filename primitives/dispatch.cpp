@@ -117,7 +117,9 @@ void SetIndexes(Variant variant) {
     const int level = static_cast<int>(variant);
     ippJumpIndexForMergedLibs = level < 3 ? level : 3;
     ippWideLevel = level < 3 ? 0 : level - 3;
-    ippJumpIndexForMergedLibsLP = level == 2 && (ownGetMaskFeatures() & kMovbe) ? 1 : 0;
+    std::uint64_t mask = 0;
+    ownGetMaskFeatures(&mask);
+    ippJumpIndexForMergedLibsLP = level == 2 && (mask & kMovbe) ? 1 : 0;
 }
 
 }  // namespace
@@ -125,13 +127,16 @@ void SetIndexes(Variant variant) {
 int ippGetCpuFeatures(std::uint64_t* mask, std::uint32_t registers[4]) {
     if (!mask) return -8;
     if (!ipp_has_cpuid()) return kStatusNoIdentification;
-    *mask = registers ? Measure(registers) : ownGetMaskFeatures();
+    if (registers)
+        *mask = Measure(registers);
+    else
+        ownGetMaskFeatures(mask);
     return 0;
 }
 
-std::uint64_t ownGetMaskFeatures() {
-    static const std::uint64_t mask = ipp_has_cpuid() ? Measure(nullptr) : 0;
-    return mask;
+void ownGetMaskFeatures(std::uint64_t* mask) {
+    static const std::uint64_t cached = ipp_has_cpuid() ? Measure(nullptr) : 0;
+    *mask = cached;
 }
 
 JumpIndexes IndexesFor(std::uint64_t mask) {

@@ -27,8 +27,8 @@ int ippStaticInit();
 /// Returns 0, -8 for a null mask, 36 where the processor has no identification instruction.
 int ippGetCpuFeatures(std::uint64_t* mask, std::uint32_t registers[4]);
 
-/// The cached mask; 0 where the processor has no identification instruction.
-std::uint64_t ownGetMaskFeatures();
+/// Stores the cached mask; 0 where the processor has no identification instruction.
+void ownGetMaskFeatures(std::uint64_t* mask);
 
 /// The two indexes that a feature mask asks for.
 struct JumpIndexes {

@@ -68,9 +68,9 @@ TEST(Copy, EmptyRectanglesSucceedAndNegativeOnesDoNot) {
 TEST(CopyPlane, MovesOneChannelInEveryPairing) {
     Processors::CCopyPlane copy;
     for (const auto& [four, one] : {std::pair{PixelFormatBGRA8, PixelFormatMono8},
-                                   {PixelFormatARGB8, PixelFormatMono8},
-                                   {PixelFormatBGRA32f, PixelFormatMono32f},
-                                   {PixelFormatARGB32f, PixelFormatMono32f}}) {
+                                    {PixelFormatARGB8, PixelFormatMono8},
+                                    {PixelFormatBGRA32f, PixelFormatMono32f},
+                                    {PixelFormatARGB32f, PixelFormatMono32f}}) {
         SCOPED_TRACE(four);
         for (int plane = 0; plane < 4; ++plane) {
             RandomFrame color(7, 5, four, 1), gray(9, 4, one, 2), target(7, 5, four, 3),

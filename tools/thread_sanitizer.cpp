@@ -1,6 +1,6 @@
-// What the thread sanitizer must not report. FFmpeg's libraries are built without it, so it does not
-// see the atomic counts by which threads hand over the last reference of a buffer, and takes the
-// freeing of the buffer for a race with its making. Only built with the sanitizer.
+// What the thread sanitizer must not report. FFmpeg's libraries are built without it, so it does
+// not see the atomic counts by which threads hand over the last reference of a buffer, and takes
+// the freeing of the buffer for a race with its making. Only built with the sanitizer.
 
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's own name
 extern "C" __attribute__((visibility("default"))) const char* __tsan_default_suppressions();
