@@ -49,7 +49,7 @@ bool CChannelReverse::Process32f(CFrame* src, CFrame* dst) {
 
 bool CChannelReverse::Process(CFrame* frame, unsigned int* order) {
     if (IsByteColor(*frame)) return Process8u(frame, order);
-    if (!IsFloatColor(*frame)) return false;
+    if (!IsFloatColor(*frame) || !frame->m_pBuffer) return false;
     for (int k = 0; k < 4; ++k)
         if (order[k] > 3) return false;
     for (int y = 0; y < frame->m_nHeight; ++y) {

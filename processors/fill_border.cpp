@@ -1,6 +1,5 @@
 #include "processors/fill_border.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "primitives/border.h"
@@ -9,25 +8,26 @@
 namespace brushworks::Processors {
 namespace {
 
-/// Where the pixels that are spread come from.
+/// The rectangle of the source whose pixels are spread.
 struct Interior {
-    unsigned char* data;
+    int x, y;
     IppiSize size;
+
+    unsigned char* DataIn(const CFrame& src) const {
+        return RowOf<unsigned char>(src, y) + static_cast<std::ptrdiff_t>(x) * src.m_nDepth;
+    }
 };
 
+/// What is spread, or nothing (a size of 0) where the margins leave no room for it.
 Interior InteriorOf(const CFrame& src, const CFrame& dst, int left, int top) {
     const bool sameSize = src.m_nWidth == dst.m_nWidth && src.m_nHeight == dst.m_nHeight;
-    if (src.m_pBuffer != dst.m_pBuffer && !sameSize) return {src.m_pBuffer, SizeOf(src)};
-    return {
-        RowOf<unsigned char>(src, top) + static_cast<std::ptrdiff_t>(left) * src.m_nDepth,
-        {static_cast<int>(src.m_nWidth - 2LL * left), static_cast<int>(src.m_nHeight - 2LL * top)}};
-}
-
-/// The margins are sane and leave room for the interior.
-bool Fits(const Interior& interior, const CFrame& dst, int left, int top) {
-    return interior.size.width > 0 && interior.size.height > 0 &&
-           static_cast<long long>(interior.size.width) + left <= dst.m_nWidth &&
-           static_cast<long long>(interior.size.height) + top <= dst.m_nHeight;
+    const bool whole = src.m_pBuffer != dst.m_pBuffer && !sameSize;
+    const long long width = whole ? src.m_nWidth : src.m_nWidth - 2LL * left;
+    const long long height = whole ? src.m_nHeight : src.m_nHeight - 2LL * top;
+    const bool fits = left >= 0 && top >= 0 && width > 0 && height > 0 &&
+                      width + left <= dst.m_nWidth && height + top <= dst.m_nHeight;
+    if (!fits) return {};
+    return {whole ? 0 : left, whole ? 0 : top, {static_cast<int>(width), static_cast<int>(height)}};
 }
 
 /// Fills `count` pixels with the one at `pixel`.
@@ -38,11 +38,12 @@ void Repeat(const float* pixel, float* to, int count) {
 }
 
 template <int Channels>
-void Spread(const Interior& interior, int srcByteSpan, CFrame& dst, int left, int top) {
+void Spread(const CFrame& src, const Interior& interior, CFrame& dst, int left, int top) {
     const int width = interior.size.width, height = interior.size.height;
+    const unsigned char* data = interior.DataIn(src);
     for (int y = 0; y < height; ++y) {
-        const auto* from = reinterpret_cast<const float*>(
-            interior.data + static_cast<std::ptrdiff_t>(y) * srcByteSpan);
+        const auto* from =
+            reinterpret_cast<const float*>(data + static_cast<std::ptrdiff_t>(y) * src.m_nByteSpan);
         float* to = RowOf<float>(dst, top + y);
         float* centre = to + static_cast<std::ptrdiff_t>(left) * Channels;
         float* right = centre + static_cast<std::ptrdiff_t>(width) * Channels;
@@ -61,35 +62,31 @@ void Spread(const Interior& interior, int srcByteSpan, CFrame& dst, int left, in
 
 bool CFillBorder::Process(CFrame* src, CFrame* dst, int left, int top) {
     if (!src || !dst || !src->m_pBuffer || !dst->m_pBuffer) return false;
-    if (IsByteColor(*src)) return Process8u(src, dst, left, top);
+    if (IsByteColor(*src) || (src->m_nDepth == 1 && dst->m_nDepth == 1))
+        return Process8u(src, dst, left, top);
     if (IsFloatColor(*src) || IsFloatPlane(*src)) return Process32f(src, dst, left, top);
-    if (src->m_nDepth == 1 && dst->m_nDepth == 1) return Process8u(src, dst, left, top);
     return false;
 }
 
 bool CFillBorder::Process8u(CFrame* src, CFrame* dst, int left, int top) {
-    if (src->m_pfPixelFormat == PixelFormatBGRA32f || left < 0 || top < 0) return false;
+    if (src->m_pfPixelFormat == PixelFormatBGRA32f || src->m_nDepth != dst->m_nDepth) return false;
     const Interior interior = InteriorOf(*src, *dst, left, top);
-    if (!Fits(interior, *dst, left, top)) return false;
-    if (src->m_nDepth == 4 && dst->m_nDepth == 4)
-        return ippiCopyReplicateBorder_8u_C4R(interior.data, src->m_nByteSpan, interior.size,
-                                              dst->m_pBuffer, dst->m_nByteSpan, SizeOf(*dst), top,
-                                              left) == kStatusOk;
-    if (src->m_nDepth == 1 && dst->m_nDepth == 1)
-        return ippiCopyReplicateBorder_8u_C1R(interior.data, src->m_nByteSpan, interior.size,
-                                              dst->m_pBuffer, dst->m_nByteSpan, SizeOf(*dst), top,
-                                              left) == kStatusOk;
-    return false;
+    if (interior.size.width == 0) return false;
+    auto* spread = src->m_nDepth == 4   ? ippiCopyReplicateBorder_8u_C4R
+                   : src->m_nDepth == 1 ? ippiCopyReplicateBorder_8u_C1R
+                                        : nullptr;
+    return spread && spread(interior.DataIn(*src), src->m_nByteSpan, interior.size, dst->m_pBuffer,
+                            dst->m_nByteSpan, SizeOf(*dst), top, left) == kStatusOk;
 }
 
 bool CFillBorder::Process32f(CFrame* src, CFrame* dst, int left, int top) {
-    if (src->m_nDepth != dst->m_nDepth || left < 0 || top < 0) return false;
+    if (src->m_nDepth != dst->m_nDepth) return false;
     const Interior interior = InteriorOf(*src, *dst, left, top);
-    if (!Fits(interior, *dst, left, top)) return false;
+    if (interior.size.width == 0) return false;
     if (src->m_nDepth == 16)
-        Spread<4>(interior, src->m_nByteSpan, *dst, left, top);
+        Spread<4>(*src, interior, *dst, left, top);
     else if (src->m_nDepth == 4)
-        Spread<1>(interior, src->m_nByteSpan, *dst, left, top);
+        Spread<1>(*src, interior, *dst, left, top);
     else
         return false;
     return true;

@@ -1,6 +1,8 @@
 // What every host implements.
 #pragma once
 
+#include <cstddef>
+
 #include "brushworks/parameter.h"
 #include "brushworks/unknown.h"
 
@@ -11,6 +13,7 @@ struct HostInfo {
     const char* szName;  ///< null-terminated, or null; must outlive the library's use of the host
     void* reserved[7];   ///< the host's own; write null
 };
+static_assert(sizeof(HostInfo) == 64 && offsetof(HostInfo, szName) == 0);
 
 /// The host as one render sees it. GetParam names no effect, so the object passed to a render
 /// answers for that render's effect.
