@@ -233,6 +233,7 @@ TEST(Effect, RendersTheSameBytesOnManyThreads) {
     std::vector<Picture> results(4, Picture(97, 61));
     {
         std::vector<std::jthread> threads;
+        threads.reserve(results.size());
         for (Picture& result : results) {
             threads.emplace_back([&, own = effect.clone()]() mutable {
                 for (int i = 0; i < 5; ++i) {

@@ -19,15 +19,19 @@ namespace {
 
 using Bgr = std::array<int, 3>;
 
+void setPixel(std::uint8_t* pixel, std::uint32_t argb) {
+    std::memcpy(pixel, &argb, 4);
+}
+
 /// The colour that a plain picture of these samples shows.
 Bgr shown(int y, int u, int v, AVColorSpace matrix, AVColorRange range) {
     const Raster raster = {AV_PIX_FMT_YUV420P, 16, 16, matrix, range};
     const FramePtr coded = allocateFrame(raster);
     const std::array<int, 3> samples = {y, u, v};
     for (int plane = 0; plane < 3; ++plane) {
-        const int rows = plane == 0 ? 16 : 8;
+        const std::size_t rows = plane == 0 ? 16 : 8;
         std::memset(coded->data[plane], samples[static_cast<std::size_t>(plane)],
-                    static_cast<std::size_t>(coded->linesize[plane] * rows));
+                    static_cast<std::size_t>(coded->linesize[plane]) * rows);
     }
     const FramePtr bgra = allocateFrame(bgraRaster(16, 16));
     RasterConverter().convert(*coded, rasterOf(*coded), *bgra, bgraRaster(16, 16), false);
@@ -62,7 +66,7 @@ TEST(Raster, GoesToTheCodedColoursAndBack) {
             const FramePtr back = allocateFrame(bgraRaster(8, 8));
             for (int y = 0; y < 8; ++y) {
                 std::uint8_t* row = bgra->data[0] + y * bgra->linesize[0];
-                for (int x = 0; x < 8; ++x) std::memcpy(row + x * 4, "\x20\x80\xE0\xFF", 4);
+                for (int x = 0; x < 8; ++x) setPixel(row + x * 4, 0xFFE08020);
             }
             for (const bool fields : {false, true}) {
                 RasterConverter().convert(*bgra, bgraRaster(8, 8), *coded, raster, fields);
@@ -75,12 +79,12 @@ TEST(Raster, GoesToTheCodedColoursAndBack) {
 }
 
 TEST(Raster, ConvertsFieldsEachForItself) {
-    // White rows over black ones: mixed colour rows would turn grey, or leak colour.
+    // Red rows between blue ones: mixed, both would turn purple.
     const FramePtr bgra = allocateFrame(bgraRaster(8, 8));
     for (int y = 0; y < 8; ++y) {
         std::uint8_t* row = bgra->data[0] + y * bgra->linesize[0];
         for (int x = 0; x < 8; ++x) {
-            std::memcpy(row + x * 4, y % 2 == 0 ? "\x00\x00\xFF\xFF" : "\xFF\x00\x00\xFF", 4);
+            setPixel(row + x * 4, y % 2 == 0 ? 0xFFFF0000 : 0xFF0000FF);
         }
     }
     const Raster raster = {AV_PIX_FMT_YUV420P, 8, 8, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG};
