@@ -10,7 +10,9 @@ target_compile_options(brushworks_options INTERFACE
     -ffp-contract=off)
 if(BRUSHWORKS_SANITIZE)
   target_compile_options(brushworks_options INTERFACE
-      -fsanitize=${BRUSHWORKS_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+      -fsanitize=${BRUSHWORKS_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all
+      # Host and library meet by the order of virtual operations, not by common types.
+      -fno-sanitize=vptr)
   target_link_options(brushworks_options INTERFACE -fsanitize=${BRUSHWORKS_SANITIZE})
 endif()
 if(BRUSHWORKS_COVERAGE)
