@@ -48,5 +48,11 @@ function(brushworks_test name)
   cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINKS")
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} brushworks_options GTest::gtest GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+  set(sanitizer ASAN)
+  if(BRUSHWORKS_SANITIZE STREQUAL "thread")
+    set(sanitizer TSAN)
+  endif()
+  # A refused allocation is an answer that tests ask for, under the sanitizers too.
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300
+      ENVIRONMENT ${sanitizer}_OPTIONS=allocator_may_return_null=1)
 endfunction()

@@ -26,15 +26,7 @@ void ExpectImage(Sample* (*allocate)(int, int, int*), int channels) {
     int step = 5;
     const struct {
         int width, height;
-    } impossible[] = {{0, 1},
-                      {1, 0},
-                      {-1, 1},
-                      {1, -1},
-                      {INT_MAX, 1},
-#ifndef __SANITIZE_ADDRESS__  // which takes such a request for a bug and stops
-                      {INT_MAX / 64, INT_MAX}
-#endif
-    };
+    } impossible[] = {{0, 1}, {1, 0}, {-1, 1}, {1, -1}, {INT_MAX, 1}, {INT_MAX / 64, INT_MAX}};
     for (const auto& size : impossible)
         EXPECT_EQ(allocate(size.width, size.height, &step), nullptr)
             << size.width << " x " << size.height;
