@@ -1,0 +1,4 @@
+// The medians, in every variant.
+#include "primitives/median.h"
+
+#include <gtest/gtest.h>

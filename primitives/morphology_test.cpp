@@ -1,0 +1,4 @@
+// The dilations, in every variant.
+#include "primitives/morphology.h"
+
+#include <gtest/gtest.h>
