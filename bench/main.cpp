@@ -89,7 +89,7 @@ int main(int argc, char** argv) {
     benchmark::AddCustomContext(
         "variant", VariantName(static_cast<Variant>(ippJumpIndexForMergedLibs + ippWideLevel)));
     std::vector<bench::Operation> operations = bench::Pointwise();
-    for (const auto& more : {bench::Colour(), bench::Filters()})
+    for (const auto& more : {bench::Colour(), bench::Filters(), bench::ProcessorRows()})
         operations.insert(operations.end(), more.begin(), more.end());
     bench::RegisterAll(operations);
     benchmark::Initialize(&argc, argv);

@@ -38,6 +38,7 @@ inline constexpr int kStep = kFrame.width* Channels* int{sizeof(Sample)};
 
 std::vector<Operation> Pointwise();
 std::vector<Operation> Colour();
+std::vector<Operation> ProcessorRows();
 std::vector<Operation> Filters();
 /// Empty where the library was not found.
 std::vector<Operation> Peers();

@@ -20,15 +20,17 @@ struct Kernel {
     int size, anchor, divisor;
 };
 
-/// One axis of the work: `count` places from `from` on in the source go to `to`.
+/// One axis of the work: `count` places from `from` on in the source go to `to`. Empty where
+/// nothing is left to work on.
 struct Span {
-    int from, to, count;
+    int from = 0, to = 0, count = 0;
 };
 
 /// The axis that the kernel lies along, which loses `lost` places.
 Span AlongKernel(int srcLength, int dstLength, int lost, int size, int anchor) {
     const auto count =
         static_cast<int>(std::min<long long>(static_cast<long long>(srcLength) - lost, dstLength));
+    if (count < 1) return {};
     const int spare = dstLength - count;
     return {anchor, spare >= size ? anchor + (spare - size) / 2 : 0, count};
 }
@@ -36,6 +38,7 @@ Span AlongKernel(int srcLength, int dstLength, int lost, int size, int anchor) {
 /// The other axis, which leaves out a margin on both sides.
 Span AcrossKernel(int srcLength, int dstLength, int margin) {
     const auto count = static_cast<int>(std::min<long long>(srcLength - 2LL * margin, dstLength));
+    if (count < 1) return {};
     return {margin, dstLength - count >= 2LL * margin ? margin : 0, count};
 }
 
