@@ -58,7 +58,8 @@ inline void SumBlock(const Lane* const* lines, std::ptrdiff_t at, Window<Lane> w
         const Lane* samples = lines[m] + at;
         const Lane* taps = window.taps + static_cast<std::ptrdiff_t>(window.columns) * m;
         const auto addTo = [&](int r, const Vector(&v)[Vectors]) {
-            const Vector tap = Vector{} + taps[-static_cast<std::ptrdiff_t>(window.columns) * r];
+            // Less 0, not plus: that would have to turn -0 into 0.
+            const Vector tap = taps[-static_cast<std::ptrdiff_t>(window.columns) * r] - Vector{};
 #pragma GCC unroll 8
             for (int i = 0; i < Vectors; ++i) acc[r][i] = Kind::Add(acc[r][i], v[i], tap);
         };
@@ -88,7 +89,7 @@ inline void SumBlock(const Lane* const* lines, std::ptrdiff_t at, Window<Lane> w
 
 /// Lines and sums are whole blocks long, so that no loop has a last part of its own; a strip is at
 /// most this wide.
-inline constexpr std::ptrdiff_t kMostStripLanes = 2048;
+inline constexpr std::ptrdiff_t kMostStripLanes = 8192;
 inline std::ptrdiff_t WholeBlocks(std::ptrdiff_t lanes) {
     constexpr std::ptrdiff_t kBlock = 8 * kLanes;
     return (lanes + kBlock - 1) / kBlock * kBlock;
@@ -114,7 +115,7 @@ template <class Kind>
 Summing<Kind> SummingFor(int windowRows) {
     if (windowRows == 1) return {1, SumLines<Kind, 1, 8>};
 #ifdef __AVX512BW__
-    if (windowRows >= 4) return {4, SumLines<Kind, 4, 4>};
+    if (windowRows >= 6) return {4, SumLines<Kind, 4, 4>};
     return {2, SumLines<Kind, 2, 8>};
 #else
     return {2, SumLines<Kind, 2, 4>};
