@@ -150,7 +150,7 @@ class Scratch {
 struct Extent {
     std::ptrdiff_t sampleCount;
     int rows;
-    int lineCount;
+    std::ptrdiff_t lineCount;
 };
 
 /// Slides the window over a picture. makeLine(s, x, count, line) writes line s from sample x on:
@@ -165,7 +165,7 @@ int SlideWindow(Extent extent, Window<typename Kind::Lane> window, MakeLine make
     const int block = summing.rows * window.linePitch;
     const std::ptrdiff_t kept =
         static_cast<std::ptrdiff_t>(window.rows - 1) * window.linePitch + block;
-    std::ptrdiff_t strip = WholeBlocks(kLinesLanes / kept);
+    std::ptrdiff_t strip = WholeBlocks(kLinesLanes / kept + 1);
     if (strip > kMostStripLanes) strip = kMostStripLanes;
     if (strip > extent.sampleCount) strip = WholeBlocks(extent.sampleCount);
     const std::ptrdiff_t halo = static_cast<std::ptrdiff_t>(window.columns - 1) * window.pitch;
@@ -173,7 +173,7 @@ int SlideWindow(Extent extent, Window<typename Kind::Lane> window, MakeLine make
     const std::ptrdiff_t step = WholeBlocks(strip + halo) + 16;
 
     const auto lanes = static_cast<std::size_t>((kept + summing.rows) * step);
-    const auto pointers = static_cast<std::size_t>(window.rows + summing.rows);
+    const auto pointers = static_cast<std::size_t>(window.rows) + kMostSummedRows;
     const Scratch memory(lanes * sizeof(Lane)), pointerMemory(pointers * sizeof(Lane*));
     Lane* const ring = memory.template as<Lane>();
     const Lane** const lines = pointerMemory.template as<const Lane*>();
