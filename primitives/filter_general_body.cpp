@@ -29,7 +29,7 @@ inline void StoreRow(const Picture<Sample>& picture, int y, std::ptrdiff_t x, st
 template <int Channels, class Sample>
 Extent ExtentOf(const Picture<Sample>& picture, IppiSize kernelSize) {
     return {static_cast<std::ptrdiff_t>(picture.size.width) * Channels, picture.size.height,
-            picture.size.height + kernelSize.height - 1};
+            std::ptrdiff_t{picture.size.height} + kernelSize.height - 1};
 }
 
 /// All products of the window. `taps` are the weights in the order in which the source meets them.

@@ -36,7 +36,7 @@ int FilterFloats(const Call<float>& call) {
 
     constexpr bool kRow = axis == Axis::kRow;
     const auto samples = SampleCount<Channels, KeepsFourth>(call.size);
-    const int lineCount = kRow ? call.size.height : call.size.height + n - 1;
+    const std::ptrdiff_t lineCount = call.size.height + std::ptrdiff_t{kRow ? 0 : n - 1};
     return SlideWindow<FloatLanes>(
         {samples, call.size.height, lineCount}, {taps, kRow ? 1 : n, kRow ? n : 1, Channels, 1},
         [&](int line, std::ptrdiff_t x, std::ptrdiff_t count, float* to) {
@@ -83,7 +83,7 @@ bool FitsPairs(const std::int32_t* kernel, int n) {
 /// Two taps meet two samples at once: neighbours in the row, or in the column.
 template <Axis axis, int Channels, bool KeepsFourth, class ToByte>
 int FilterPairs(const Call<std::uint8_t>& call, ToByte toByte) {
-    const int n = call.kernelSize, pairs = (n + 1) / 2;
+    const int n = call.kernelSize, pairs = n / 2 + n % 2;
     const Scratch memory(static_cast<std::size_t>(pairs) * sizeof(std::int32_t));
     std::int32_t* const taps = memory.as<std::int32_t>();
     if (!taps) return kStatusNoMemory;
@@ -93,7 +93,7 @@ int FilterPairs(const Call<std::uint8_t>& call, ToByte toByte) {
 
     constexpr bool kRow = axis == Axis::kRow;
     const auto samples = SampleCount<Channels, KeepsFourth>(call.size);
-    const int lineCount = kRow ? call.size.height : call.size.height + n - 1;
+    const std::ptrdiff_t lineCount = call.size.height + std::ptrdiff_t{kRow ? 0 : n - 1};
     const std::ptrdiff_t readable =
         samples + (kRow ? static_cast<std::ptrdiff_t>(n - 1) * Channels : 0);
     return SlideWindow<PairLanes>(
@@ -148,17 +148,16 @@ void FilterWild(const Call<std::uint8_t>& call, int divisor) {
 
 template <Axis axis, int Channels, bool KeepsFourth>
 int FilterBytes(const Call<std::uint8_t>& call, int divisor) {
-    constexpr auto kPairs = [](const Call<std::uint8_t>& c, auto toByte) {
-        return FilterPairs<axis, Channels, KeepsFourth>(c, toByte);
+    const auto inPairs = [&call](auto toByte) {
+        return FilterPairs<axis, Channels, KeepsFourth>(call, toByte);
     };
     if (!FitsPairs(call.kernel, call.kernelSize)) {
         FilterWild<axis, Channels, KeepsFourth>(call, divisor);
         return kStatusOk;
     }
-    if (divisor == 1) return kPairs(call, Cut{});
-    if (IsPowerOf2(divisor))
-        return kPairs(call, Shift{__builtin_ctz(static_cast<unsigned>(divisor))});
-    return kPairs(call, Multiply{1.0f / static_cast<float>(divisor)});
+    if (divisor == 1) return inPairs(Cut{});
+    if (IsPowerOf2(divisor)) return inPairs(Shift{__builtin_ctz(static_cast<unsigned>(divisor))});
+    return inPairs(Multiply{1.0f / static_cast<float>(divisor)});
 }
 
 constexpr int kNoDivisor = 1;  // of float filters

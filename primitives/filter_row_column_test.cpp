@@ -121,6 +121,9 @@ TEST(FilterRowColumn, MatchTheConvolution) {
         CheckBytes({70, 40}, Lopsided<int>(333), 100, 3000);
         CheckFloats({2111, 3}, Lopsided<float>(51), 25);
         CheckFloats({70, 40}, Lopsided<float>(333), 100);
+        // More taps than the lines of a strip have room for.
+        const auto identity = [](float sum) { return sum; };
+        Check<float>(kFloatMembers[3], {2, 3}, Lopsided<float>(70001), 7, identity);
     });
 }
 

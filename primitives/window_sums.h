@@ -58,7 +58,8 @@ inline void SumBlock(const Lane* const* lines, std::ptrdiff_t at, Window<Lane> w
         const Lane* samples = lines[m] + at;
         const Lane* taps = window.taps + static_cast<std::ptrdiff_t>(window.columns) * m;
         const auto addTo = [&](int r, const Vector(&v)[Vectors]) {
-            const Vector tap = Vector{} + taps[-static_cast<std::ptrdiff_t>(window.columns) * r];
+            // Less 0, not plus: that would have to turn -0 into 0.
+            const Vector tap = taps[-static_cast<std::ptrdiff_t>(window.columns) * r] - Vector{};
 #pragma GCC unroll 8
             for (int i = 0; i < Vectors; ++i) acc[r][i] = Kind::Add(acc[r][i], v[i], tap);
         };
@@ -88,7 +89,7 @@ inline void SumBlock(const Lane* const* lines, std::ptrdiff_t at, Window<Lane> w
 
 /// Lines and sums are whole blocks long, so that no loop has a last part of its own; a strip is at
 /// most this wide.
-inline constexpr std::ptrdiff_t kMostStripLanes = 2048;
+inline constexpr std::ptrdiff_t kMostStripLanes = 8192;
 inline std::ptrdiff_t WholeBlocks(std::ptrdiff_t lanes) {
     constexpr std::ptrdiff_t kBlock = 8 * kLanes;
     return (lanes + kBlock - 1) / kBlock * kBlock;
@@ -114,7 +115,7 @@ template <class Kind>
 Summing<Kind> SummingFor(int windowRows) {
     if (windowRows == 1) return {1, SumLines<Kind, 1, 8>};
 #ifdef __AVX512BW__
-    if (windowRows >= 4) return {4, SumLines<Kind, 4, 4>};
+    if (windowRows >= 6) return {4, SumLines<Kind, 4, 4>};
     return {2, SumLines<Kind, 2, 8>};
 #else
     return {2, SumLines<Kind, 2, 4>};
@@ -149,7 +150,7 @@ class Scratch {
 struct Extent {
     std::ptrdiff_t sampleCount;
     int rows;
-    int lineCount;
+    std::ptrdiff_t lineCount;
 };
 
 /// Slides the window over a picture. makeLine(s, x, count, line) writes line s from sample x on:
@@ -164,7 +165,7 @@ int SlideWindow(Extent extent, Window<typename Kind::Lane> window, MakeLine make
     const int block = summing.rows * window.linePitch;
     const std::ptrdiff_t kept =
         static_cast<std::ptrdiff_t>(window.rows - 1) * window.linePitch + block;
-    std::ptrdiff_t strip = WholeBlocks(kLinesLanes / kept);
+    std::ptrdiff_t strip = WholeBlocks(kLinesLanes / kept + 1);
     if (strip > kMostStripLanes) strip = kMostStripLanes;
     if (strip > extent.sampleCount) strip = WholeBlocks(extent.sampleCount);
     const std::ptrdiff_t halo = static_cast<std::ptrdiff_t>(window.columns - 1) * window.pitch;
@@ -172,7 +173,7 @@ int SlideWindow(Extent extent, Window<typename Kind::Lane> window, MakeLine make
     const std::ptrdiff_t step = WholeBlocks(strip + halo) + 16;
 
     const auto lanes = static_cast<std::size_t>((kept + summing.rows) * step);
-    const auto pointers = static_cast<std::size_t>(window.rows + summing.rows);
+    const auto pointers = static_cast<std::size_t>(window.rows) + kMostSummedRows;
     const Scratch memory(lanes * sizeof(Lane)), pointerMemory(pointers * sizeof(Lane*));
     Lane* const ring = memory.template as<Lane>();
     const Lane** const lines = pointerMemory.template as<const Lane*>();
