@@ -37,6 +37,9 @@ template struct Images<float>;
 std::vector<Operation> Peers() {
     return {};
 }
+std::vector<Operation> RankPeers() {
+    return {};
+}
 #endif
 
 namespace {
@@ -72,7 +75,8 @@ void RegisterAll(const std::vector<Operation>& operations) {
         Register("ours/" + operation.name, bytes, operation.run);
         traffics.insert(bytes);
     }
-    for (const Operation& peer : Peers()) Register("opencv/" + peer.name, 0, peer.run);
+    for (const auto& peers : {Peers(), RankPeers()})
+        for (const Operation& peer : peers) Register("opencv/" + peer.name, 0, peer.run);
     for (const std::int64_t bytes : traffics) RegisterCopyOf(bytes);
 }
 
@@ -86,6 +90,7 @@ int main(int argc, char** argv) {
         "variant", VariantName(static_cast<Variant>(ippJumpIndexForMergedLibs + ippWideLevel)));
     std::vector<bench::Operation> operations = bench::Pointwise();
     for (bench::Operation& operation : bench::Colour()) operations.push_back(std::move(operation));
+    for (bench::Operation& operation : bench::Ranks()) operations.push_back(std::move(operation));
     bench::RegisterAll(operations);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;

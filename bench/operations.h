@@ -38,7 +38,9 @@ inline constexpr int kStep = kFrame.width* Channels* int{sizeof(Sample)};
 
 std::vector<Operation> Pointwise();
 std::vector<Operation> Colour();
+std::vector<Operation> Ranks();
 /// Empty where the library was not found.
 std::vector<Operation> Peers();
+std::vector<Operation> RankPeers();
 
 }  // namespace brushworks::bench
