@@ -30,7 +30,7 @@ struct Lanes<float> {
 };
 
 /// Bytes of a strip of results: few, so that the ring of a tall mask stays in the nearest cache.
-constexpr int kStripBytes = 128;
+constexpr int kStripBytes = 256;
 constexpr int kStripVectors = kStripBytes / kVectorBytes;
 
 inline int Cut(int v, int end) {
@@ -49,15 +49,15 @@ class Dilation {
           levels_(Log2(mask.longest) + 1),
           levelSamples_(kStrip + Channels * (std::int64_t{mask.right} - mask.left) + kLanesOf) {
         const std::int64_t rows = std::int64_t{mask.bottom} - mask.top + 1;
-        ringRows_ = static_cast<int>(rows < size.height ? rows : size.height);
+        while (ringRows_ < rows && ringRows_ < size.height) ringRows_ *= 2;
         const std::int64_t bytes =
-            (levels_ * levelSamples_ + std::int64_t{ringRows_} * kStrip) * int{sizeof(Sample)};
+            (levels_ * levelSamples_ + ringRows_ * kStrip) * int{sizeof(Sample)};
         constexpr std::int64_t kAddressable = PTRDIFF_MAX - kVectorBytes;
         // Aligned, so that no vector of the ring lies across two cache lines.
         if (bytes <= kAddressable)
             ring_ = static_cast<Sample*>(
                 std::aligned_alloc(64, (static_cast<std::size_t>(bytes) + 63) / 64 * 64));
-        if (ring_) level_ = ring_ + std::ptrdiff_t{ringRows_} * kStrip;
+        if (ring_) level_ = ring_ + ringRows_ * kStrip;
     }
     ~Dilation() { std::free(ring_); }
     Dilation(const Dilation&) = delete;
@@ -71,7 +71,7 @@ class Dilation {
     void Run(const Sample* src, int srcStep, Sample* dst, int dstStep, int x) {
         const int pixels = size_.width - x < kStripPixels ? size_.width - x : kStripPixels;
         const auto bytes = static_cast<std::size_t>(pixels) * Channels * sizeof(Sample);
-        for (int y = 0; y < ringRows_; ++y) Clear(RingRow(y));
+        for (std::int64_t y = 0; y < ringRows_; ++y) Clear(RingRow(y));
         int made = -1;
         for (std::int64_t y = mask_.top; y < std::int64_t{size_.height} + mask_.bottom; ++y) {
             const int from = y < 0 ? 0 : y >= size_.height ? size_.height - 1 : static_cast<int>(y);
@@ -80,7 +80,7 @@ class Dilation {
             Spread(y);
             const std::int64_t done = y - mask_.bottom;
             if (done < 0) continue;
-            Sample* result = RingRow(static_cast<int>(done));
+            Sample* result = RingRow(done);
             std::memcpy(Row(dst, dstStep, static_cast<int>(done)) + std::ptrdiff_t{Channels} * x,
                         result, bytes);
             Clear(result);
@@ -91,7 +91,7 @@ class Dilation {
     using Vector = typename Lanes<Sample>::Vector;
     static constexpr int kLanesOf = sizeof(Vector) / sizeof(Sample);
 
-    Sample* RingRow(int y) const { return ring_ + std::ptrdiff_t{y % ringRows_} * kStrip; }
+    Sample* RingRow(std::int64_t y) const { return ring_ + (y & (ringRows_ - 1)) * kStrip; }
     static void Clear(Sample* row) {
         for (int i = 0; i < kStrip; ++i) row[i] = Lanes<Sample>::kLowest;
     }
@@ -151,7 +151,7 @@ class Dilation {
             for (; run != end && run->left == span.left && run->right == span.right; ++run) {
                 const std::int64_t seenBy = y - run->row;
                 if (seenBy < 0 || seenBy >= size_.height) continue;
-                Sample* result = RingRow(static_cast<int>(seenBy));
+                Sample* result = RingRow(seenBy);
                 for (int i = 0; i < kStripVectors; ++i)
                     Store(result + i * kLanesOf,
                           Max(Load<Vector>(result + i * kLanesOf), largest[i]));
@@ -163,7 +163,7 @@ class Dilation {
     const IppiSize size_;
     const int levels_;
     const std::int64_t levelSamples_;
-    int ringRows_;
+    std::int64_t ringRows_ = 1;  ///< a power of two
     Sample* ring_ = nullptr;
     Sample* level_ = nullptr;
 };
