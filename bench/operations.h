@@ -43,5 +43,7 @@ std::vector<Operation> Filters();
 /// Empty where the library was not found.
 std::vector<Operation> Peers();
 std::vector<Operation> FilterPeers();
+std::vector<Operation> Ranks();
+std::vector<Operation> RankPeers();
 
 }  // namespace brushworks::bench
