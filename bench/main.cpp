@@ -72,7 +72,8 @@ void RegisterAll(const std::vector<Operation>& operations) {
         Register("ours/" + operation.name, bytes, operation.run);
         traffics.insert(bytes);
     }
-    for (const Operation& peer : Peers()) Register("opencv/" + peer.name, 0, peer.run);
+    for (const auto& peers : {Peers(), ResizeBlendPeers()})
+        for (const Operation& peer : peers) Register("opencv/" + peer.name, 0, peer.run);
     for (const std::int64_t bytes : traffics) RegisterCopyOf(bytes);
 }
 
@@ -85,7 +86,8 @@ int main(int argc, char** argv) {
     benchmark::AddCustomContext(
         "variant", VariantName(static_cast<Variant>(ippJumpIndexForMergedLibs + ippWideLevel)));
     std::vector<bench::Operation> operations = bench::Pointwise();
-    for (bench::Operation& operation : bench::Colour()) operations.push_back(std::move(operation));
+    for (const auto& further : {bench::Colour(), bench::ResizeBlend()})
+        operations.insert(operations.end(), further.begin(), further.end());
     bench::RegisterAll(operations);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;

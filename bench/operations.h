@@ -38,7 +38,9 @@ inline constexpr int kStep = kFrame.width* Channels* int{sizeof(Sample)};
 
 std::vector<Operation> Pointwise();
 std::vector<Operation> Colour();
+std::vector<Operation> ResizeBlend();
 /// Empty where the library was not found.
 std::vector<Operation> Peers();
+std::vector<Operation> ResizeBlendPeers();
 
 }  // namespace brushworks::bench
