@@ -43,6 +43,9 @@ std::vector<Operation> FilterPeers() {
 std::vector<Operation> RankPeers() {
     return {};
 }
+std::vector<Operation> ResizeBlendPeers() {
+    return {};
+}
 #endif
 
 namespace {
@@ -78,7 +81,7 @@ void RegisterAll(const std::vector<Operation>& operations) {
         Register("ours/" + operation.name, bytes, operation.run);
         traffics.insert(bytes);
     }
-    for (const auto& peers : {Peers(), FilterPeers(), RankPeers()})
+    for (const auto& peers : {Peers(), FilterPeers(), RankPeers(), ResizeBlendPeers()})
         for (const Operation& peer : peers) Register("opencv/" + peer.name, 0, peer.run);
     for (const std::int64_t bytes : traffics) RegisterCopyOf(bytes);
 }
@@ -92,8 +95,8 @@ int main(int argc, char** argv) {
     benchmark::AddCustomContext(
         "variant", VariantName(static_cast<Variant>(ippJumpIndexForMergedLibs + ippWideLevel)));
     std::vector<bench::Operation> operations = bench::Pointwise();
-    for (const auto& more :
-         {bench::Colour(), bench::Filters(), bench::Ranks(), bench::ProcessorRows()})
+    for (const auto& more : {bench::Colour(), bench::Filters(), bench::Ranks(),
+                             bench::ResizeBlend(), bench::ProcessorRows()})
         operations.insert(operations.end(), more.begin(), more.end());
     bench::RegisterAll(operations);
     benchmark::Initialize(&argc, argv);

@@ -1,7 +1,7 @@
 // Bodies of the resampling; built once for each variant.
 //
-// A source row is widened to floats with its edge repeated, then resampled along the row; the rows
-// that a destination row needs are kept until no tap reaches them any more.
+// Rows are taken as floats from the lowest to the highest tap, with the edge repeated, so that the
+// sums along them need no test.
 #include "primitives/resize.h"
 
 #include "primitives/memory.h"
@@ -72,19 +72,74 @@ RowTaps FindRowTaps(const Call& call, std::int32_t* first, float* weights) {
     return {first, weights, lowest, last + Taps - 1};
 }
 
-/// Stores the source samples from the lowest to the highest tap as floats.
-template <class Sample, int Channels>
-void WidenRow(const Resizing<Sample, Channels>& call, const Sample* row, const RowTaps& taps,
-              float* to) {
-    const std::int64_t from = call.x.Inside(taps.lowest), end = call.x.Inside(taps.highest);
-    const Sample* inside = row + (from - call.x.lowest) * Channels;
-    for (std::int64_t i = taps.lowest; i < from; ++i)
-        for (int c = 0; c < Channels; ++c) *to++ = inside[c];
-    const std::int64_t samples = (end - from + 1) * Channels;
-    for (std::int64_t i = 0; i < samples; ++i) to[i] = inside[i];
-    to += samples;
-    for (std::int64_t i = end; i < taps.highest; ++i)
-        for (int c = 0; c < Channels; ++c) *to++ = inside[samples - Channels + c];
+/// The source positions between the lowest and the highest tap: those inside, and how many repeats
+/// of the edge there are on either side.
+struct Window {
+    template <class Call>
+    Window(const Call& call, const RowTaps& taps)
+        : first(call.x.Inside(taps.lowest)),
+          pixels(call.x.Inside(taps.highest) - first + 1),
+          left(first - taps.lowest),
+          right(taps.highest - call.x.Inside(taps.highest)) {
+        first -= call.x.lowest;
+    }
+
+    std::int64_t first;  // from the first pixel that may be read
+    std::int64_t pixels, left, right;
+};
+
+/// Repeats the edges around the pixels inside, which lie in their place.
+template <int Channels>
+void RepeatEdges(const Window& window, float* to) {
+    const float* inside = to + window.left * Channels;
+    for (std::int64_t i = 0; i < window.left; ++i)
+        std::memcpy(to + i * Channels, inside, Channels * sizeof(float));
+    const float* last = inside + (window.pixels - 1) * Channels;
+    for (std::int64_t i = 0; i < window.right; ++i)
+        std::memcpy(to + (window.left + window.pixels + i) * Channels, last,
+                    Channels * sizeof(float));
+}
+
+/// The samples of a row between the lowest and the highest tap as floats, in `to` unless they can
+/// be taken where they are.
+template <int Channels, class Sample>
+const float* WidenRow(const Sample* row, const Window& window, float* to) {
+    const Sample* inside = row + window.first * Channels;
+    if constexpr (std::is_same_v<Sample, float>)
+        if (window.left == 0 && window.right == 0) return inside;
+    float* middle = to + window.left * Channels;
+    for (std::int64_t i = 0; i < window.pixels * Channels; ++i) middle[i] = inside[i];
+    RepeatEdges<Channels>(window, to);
+    return to;
+}
+
+/// The same of sums along the column.
+template <int Taps, int Channels, class Sample>
+void SumRows(const Sample* const (&rows)[Taps], const float* weights, const Window& window,
+             float* __restrict to) {
+    float* __restrict middle = to + window.left * Channels;
+    const std::int64_t samples = window.pixels * Channels;
+    const Sample *r0 = rows[0] + window.first * Channels, *r1 = rows[1] + window.first * Channels;
+    if constexpr (Taps == 2) {
+        for (std::int64_t i = 0; i < samples; ++i)
+            middle[i] =
+                weights[0] * static_cast<float>(r0[i]) + weights[1] * static_cast<float>(r1[i]);
+    } else {
+        const Sample *r2 = rows[2] + window.first * Channels,
+                     *r3 = rows[3] + window.first * Channels,
+                     *r4 = rows[Taps - 2] + window.first * Channels,
+                     *r5 = rows[Taps - 1] + window.first * Channels;
+        const float w0 = weights[0], w1 = weights[1], w2 = weights[2], w3 = weights[3];
+        const float w4 = weights[Taps - 2], w5 = weights[Taps - 1];
+        for (std::int64_t i = 0; i < samples; ++i) {
+            float sum = w0 * static_cast<float>(r0[i]) + w1 * static_cast<float>(r1[i]) +
+                        w2 * static_cast<float>(r2[i]) + w3 * static_cast<float>(r3[i]);
+            if constexpr (Taps == 6)
+                sum = sum + w4 * static_cast<float>(r4[i]) + w5 * static_cast<float>(r5[i]);
+            middle[i] = sum;
+        }
+    }
+    RepeatEdges<Channels>(window, to);
 }
 
 /// One row of sums along the row.
@@ -139,12 +194,12 @@ void CombineRows(const float* const (&rows)[Taps], const float* weights, std::pt
     }
 }
 
+/// Along the row first: the sums of a source row serve all destination rows that need it.
 template <int Taps, class Sample, int Channels>
-void ResizeSmoothly(const Resizing<Sample, Channels>& call, const BufferPlan& plan,
-                    std::uint8_t* buffer) {
+void ResizeRowsFirst(const Resizing<Sample, Channels>& call, const BufferPlan& plan,
+                     const RowTaps& taps, std::uint8_t* buffer) {
     const int width = call.dstRoi.width;
-    const RowTaps taps = FindRowTaps<Taps>(call, reinterpret_cast<std::int32_t*>(buffer),
-                                           reinterpret_cast<float*>(buffer + plan.weights));
+    const Window window(call, taps);
     auto* source = reinterpret_cast<float*>(buffer + plan.source);
     // Neighbouring source rows never share a slot, since there is one for each tap.
     std::int64_t held[Taps];
@@ -158,14 +213,51 @@ void ResizeSmoothly(const Resizing<Sample, Channels>& call, const BufferPlan& pl
             const auto slot = static_cast<std::ptrdiff_t>((row - call.y.lowest) % Taps);
             auto* sums = reinterpret_cast<float*>(buffer + plan.rows + slot * plan.rowBytes);
             if (held[slot] != row) {
-                WidenRow(call, call.SourceRow(row), taps, source);
-                ResampleRow<Channels, Taps>(source, taps, width, sums);
+                ResampleRow<Channels, Taps>(WidenRow<Channels>(call.SourceRow(row), window, source),
+                                            taps, width, sums);
                 held[slot] = row;
             }
             rows[k] = sums;
         }
         CombineRows<Taps>(rows, weights, std::ptrdiff_t{Channels} * width, call.DestinationRow(y));
     }
+}
+
+/// Along the column first: fewer sums along the row, which are the dearer ones, where the
+/// destination has fewer rows than the source.
+template <int Taps, class Sample, int Channels>
+void ResizeColumnsFirst(const Resizing<Sample, Channels>& call, const BufferPlan& plan,
+                        const RowTaps& taps, std::uint8_t* buffer) {
+    const int width = call.dstRoi.width;
+    const Window window(call, taps);
+    auto* source = reinterpret_cast<float*>(buffer + plan.source);
+    auto* sums = reinterpret_cast<float*>(buffer + plan.rows);
+    for (int y = 0; y < call.dstRoi.height; ++y) {
+        float weights[kMostTaps];
+        const std::int64_t first = call.y.FirstTap(call.dstRoi.y + y, weights);
+        const Sample* rows[Taps];
+        for (int k = 0; k < Taps; ++k) rows[k] = call.SourceRow(call.y.Inside(first + k));
+        SumRows<Taps, Channels>(rows, weights, window, source);
+        Sample* to = call.DestinationRow(y);
+        if constexpr (std::is_same_v<Sample, float>) {
+            ResampleRow<Channels, Taps>(source, taps, width, to);
+        } else {
+            ResampleRow<Channels, Taps>(source, taps, width, sums);
+            constexpr float kWhole[] = {1.0f};
+            CombineRows<1>({sums}, kWhole, std::ptrdiff_t{Channels} * width, to);
+        }
+    }
+}
+
+template <int Taps, class Sample, int Channels>
+void ResizeSmoothly(const Resizing<Sample, Channels>& call, const BufferPlan& plan,
+                    std::uint8_t* buffer) {
+    const RowTaps taps = FindRowTaps<Taps>(call, reinterpret_cast<std::int32_t*>(buffer),
+                                           reinterpret_cast<float*>(buffer + plan.weights));
+    if (call.y.factor < 1)
+        ResizeColumnsFirst<Taps>(call, plan, taps, buffer);
+    else
+        ResizeRowsFirst<Taps>(call, plan, taps, buffer);
 }
 
 template <class Sample, int Channels>
