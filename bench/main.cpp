@@ -37,6 +37,15 @@ template struct Images<float>;
 std::vector<Operation> Peers() {
     return {};
 }
+std::vector<Operation> FilterPeers() {
+    return {};
+}
+std::vector<Operation> RankPeers() {
+    return {};
+}
+std::vector<Operation> ResizeBlendPeers() {
+    return {};
+}
 #endif
 
 namespace {
@@ -72,7 +81,8 @@ void RegisterAll(const std::vector<Operation>& operations) {
         Register("ours/" + operation.name, bytes, operation.run);
         traffics.insert(bytes);
     }
-    for (const Operation& peer : Peers()) Register("opencv/" + peer.name, 0, peer.run);
+    for (const auto& peers : {Peers(), FilterPeers(), RankPeers(), ResizeBlendPeers()})
+        for (const Operation& peer : peers) Register("opencv/" + peer.name, 0, peer.run);
     for (const std::int64_t bytes : traffics) RegisterCopyOf(bytes);
 }
 
@@ -85,7 +95,9 @@ int main(int argc, char** argv) {
     benchmark::AddCustomContext(
         "variant", VariantName(static_cast<Variant>(ippJumpIndexForMergedLibs + ippWideLevel)));
     std::vector<bench::Operation> operations = bench::Pointwise();
-    for (bench::Operation& operation : bench::Colour()) operations.push_back(std::move(operation));
+    for (const auto& more : {bench::Colour(), bench::Filters(), bench::Ranks(),
+                             bench::ResizeBlend(), bench::ProcessorRows()})
+        operations.insert(operations.end(), more.begin(), more.end());
     bench::RegisterAll(operations);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;

@@ -175,6 +175,19 @@ std::vector<Operation> Peers() {
                                }();
                                cv::LUT(src, levels, dst);
                            }),
+        // Windows of as many taps as both passes have (149 of 158), on three channels, which is
+        // what a bilateral filter takes; and the blur that the triangle stands for.
+        Peer<u8, 3, u8, 3>(
+            "CSmooth, 79 taps",
+            [](const Mat& src, Mat& dst) { cv::bilateralFilter(src, dst, 15, 40, 20); }),
+        Peer<u8, 4, u8, 4>("CBlur, width 20",
+                           [](const Mat& src, Mat& dst) {
+                               cv::GaussianBlur(src, dst, {21, 21}, 0);
+                           }),
+        Peer<u8, 4, u8, 4>("CBlur, width 200",
+                           [](const Mat& src, Mat& dst) {
+                               cv::GaussianBlur(src, dst, {201, 201}, 0);
+                           }),
         {"ippsMaxIndx_32s", 0,
          [] {
              static const Mat vector = [] {

@@ -38,7 +38,14 @@ inline constexpr int kStep = kFrame.width* Channels* int{sizeof(Sample)};
 
 std::vector<Operation> Pointwise();
 std::vector<Operation> Colour();
+std::vector<Operation> ProcessorRows();
+std::vector<Operation> Filters();
+std::vector<Operation> Ranks();
+std::vector<Operation> ResizeBlend();
 /// Empty where the library was not found.
 std::vector<Operation> Peers();
+std::vector<Operation> FilterPeers();
+std::vector<Operation> RankPeers();
+std::vector<Operation> ResizeBlendPeers();
 
 }  // namespace brushworks::bench

@@ -1,20 +1,11 @@
 // Bodies of the colour matrix; built once for each variant.
 #include "primitives/colour_twist.h"
 
+#include "primitives/float_pixels.h"
 #include "primitives/pixel_loops.h"
 
 namespace brushworks::BRUSHWORKS_VARIANT {
 namespace {
-
-template <int kSample, std::size_t... I>
-inline F32 SpreadOf(F32 pixels, std::index_sequence<I...>) {
-    return __builtin_shufflevector(pixels, pixels, (I / 4 * 4 + kSample)...);
-}
-/// One sample of each pixel in all four places of it.
-template <int kSample>
-inline F32 Spread(F32 pixels) {
-    return SpreadOf<kSample>(pixels, Indexes<F32>{});
-}
 
 /// Column `j` of the matrix, once for each pixel of a vector.
 inline F32 Column(const float twist[3][4], int j) {

@@ -17,6 +17,14 @@ struct IppiPoint {
     std::int32_t y;
 };
 
+/// A rectangle in pixels.
+struct IppiRect {
+    std::int32_t x;
+    std::int32_t y;
+    std::int32_t width;
+    std::int32_t height;
+};
+
 // What a primitive returns. The image is untouched whenever the status is not kStatusOk.
 inline constexpr int kStatusOk = 0;
 inline constexpr int kStatusBadArgument = -5;    ///< an argument outside its domain
