@@ -1,6 +1,5 @@
 // Processors that blend and colour, and the resampling and filling primitives; beside each the same
 // work by OpenCV where it has it.
-#include <memory>
 
 #include "bench/rows.h"
 #include "frames/frame.h"

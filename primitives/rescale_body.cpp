@@ -10,11 +10,11 @@ namespace {
 /// loops on either side of it are ones that the compiler vectorises.
 constexpr std::ptrdiff_t kBlock = 256;
 
-void FromBytes(std::ptrdiff_t samples, const std::uint8_t* from, float* to) {
+void FromBytes(std::ptrdiff_t samples, const std::uint8_t* __restrict from, float* __restrict to) {
     for (std::ptrdiff_t i = 0; i < samples; ++i) to[i] = from[i] * 0.003921569f;
 }
 
-void FromFloats(std::ptrdiff_t samples, const float* from, std::uint8_t* to) {
+void FromFloats(std::ptrdiff_t samples, const float* __restrict from, std::uint8_t* __restrict to) {
     for (std::ptrdiff_t i = 0; i < samples; ++i) {
         const float raised = from[i] > 0.0f ? from[i] : 0.0f;
         const float cut = raised < 1.0f ? raised : 1.0f;
@@ -77,6 +77,11 @@ int BytesFromUnitReversed_C4R(const float* src, int srcStep, std::uint8_t* dst, 
             }
         },
         Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
+}
+
+int ReverseBytes_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                     IppiSize size) {
+    return ForRows(size, Reverse, Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
 }
 
 }  // namespace brushworks::BRUSHWORKS_VARIANT

@@ -6,6 +6,7 @@
 
 #include "primitives/memory.h"
 #include "primitives/resize_axis.h"
+#include "primitives/resize_halving.h"
 #include "primitives/simd.h"
 
 namespace brushworks::BRUSHWORKS_VARIANT {
@@ -284,6 +285,21 @@ void ResizeNearest(const Resizing<Sample, Channels>& call, std::uint8_t* buffer)
     }
 }
 
+/// Whether an axis takes pixels 2 x and 2 x + 1 of the source for every destination pixel x.
+bool IsHalving(const ResizeAxis& axis, std::int32_t start, std::int32_t length) {
+    return axis.factor == 0.5 && axis.shift == 0 && axis.lowest <= 2 * std::int64_t{start} &&
+           2 * (std::int64_t{start} + length) - 1 <= axis.highest;
+}
+
+void ResizeToHalf(const Resizing<std::uint8_t, 4>& call, bool nearest) {
+    const std::int64_t left = 2 * std::int64_t{call.dstRoi.x} - call.x.lowest;
+    for (int y = 0; y < call.dstRoi.height; ++y) {
+        const std::int64_t row = 2 * (std::int64_t{call.dstRoi.y} + y);
+        HalveRows(call.SourceRow(row) + 4 * left, call.SourceRow(row + 1) + 4 * left,
+                  call.dstRoi.width, nearest, call.DestinationRow(y));
+    }
+}
+
 /// The positions of a region that lie in an image of that length, from the region's start.
 struct Span {
     std::int64_t lowest, highest;
@@ -338,6 +354,12 @@ int Resize(const Sample* src, IppiSize srcSize, int srcStep, IppiRect srcRoi, Sa
         dstRoi,
         {xFactor, xShift, interpolation, columns.lowest, columns.highest},
         {yFactor, yShift, interpolation, rows.lowest, rows.highest}};
+    if constexpr (std::is_same_v<Sample, std::uint8_t> && Channels == 4)
+        if (interpolation <= kResizeLinear && IsHalving(call.x, dstRoi.x, dstRoi.width) &&
+            IsHalving(call.y, dstRoi.y, dstRoi.height)) {
+            ResizeToHalf(call, interpolation == kResizeNearest);
+            return kStatusOk;
+        }
     const BufferPlan plan(srcRoi.width, dstRoi.width, Channels);
     switch (interpolation) {
         case kResizeNearest:

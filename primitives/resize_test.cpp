@@ -185,6 +185,27 @@ TEST(Resize, PiecesMakeTheWholePicture) {
     }
 }
 
+// Four channels of bytes have a way of their own to one half; one channel has not.
+TEST(Resize, HalvesAsTheGeneralWayDoes) {
+    testing::ForEachVariant([](Variant) {
+        for (const int width : {1, 2, 3, 7, 16, 17, 40})
+            for (const int interpolation : {kResizeNearest, kResizeLinear}) {
+                const IppiSize wide = {2 * width + 3, 11};
+                GuardedImage<std::uint8_t> src(wide, 4), dst({width, 5}, 4);
+                GuardedImage<std::uint8_t> plane(wide, 1), half({width, 5}, 1);
+                src.Randomize(1);
+                for (int y = 0; y < wide.height; ++y)  // many sums end on ties
+                    for (int x = 0; x < wide.width; ++x) plane.at(x, y) = src.at(x, y, 2);
+                const IppiRect roi = {1, 1, 2 * width, 10}, to = {0, 0, width, 5};
+                ASSERT_EQ(Resize(src, roi, dst, to, {0.5, 0.5}, interpolation), kStatusOk);
+                ASSERT_EQ(Resize(plane, roi, half, to, {0.5, 0.5}, interpolation), kStatusOk);
+                for (int y = 0; y < 5; ++y)
+                    for (int x = 0; x < width; ++x) ASSERT_EQ(dst.at(x, y, 2), half.at(x, y));
+                EXPECT_TRUE(dst.GuardsIntact());
+            }
+    });
+}
+
 // Positions that leave every integer's range come to rest at the edge.
 TEST(Resize, WildNumbersAreSafe) {
     constexpr double kLargest = std::numeric_limits<double>::max();

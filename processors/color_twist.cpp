@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "primitives/colour_twist.h"
+#include "primitives/rescale.h"
 #include "processors/channel_reverse.h"
 #include "processors/copy.h"
 #include "processors/copy_plane.h"
@@ -12,8 +13,8 @@
 namespace brushworks::Processors {
 namespace {
 
-/// What two strips may take of the second-level cache.
-constexpr int kStripBytes = 128 * 1024;
+/// What a strip may take of the second-level cache.
+constexpr int kStripBytes = 64 * 1024;
 
 /// Twists the colours of frames with alpha last.
 void Twist(const CFrame& src, const CFrame& dst, const float (*matrix)[4]) {
@@ -26,16 +27,22 @@ void Twist(const CFrame& src, const CFrame& dst, const float (*matrix)[4]) {
                                   size, matrix);
 }
 
+/// Reverses the channels from one frame to another.
+void Reverse(CFrame& src, CFrame& dst) {
+    if (IsFloatColor(src))
+        CChannelReverse().Process32f(&src, &dst);
+    else
+        ReverseBytes_C4R(src.m_pBuffer, src.m_nByteSpan, dst.m_pBuffer, dst.m_nByteSpan,
+                         CommonSize(src, dst));
+}
+
 /// Twists frames with alpha first by way of `reversed`, which is as large as they are.
 void TwistReversed(CFrame& src, CFrame& dst, CFrame& reversed, const float (*matrix)[4]) {
     if (!reversed.m_pBuffer) return;
-    // Reversing in place, where the strip is in the cache, is faster than on the way.
-    CCopy().Process(&src, &reversed);
-    CChannelReverse().Process(&reversed, &reversed);
+    Reverse(src, reversed);
     Twist(reversed, reversed, matrix);
     CColorTwist().ClampValues(&reversed);
-    CChannelReverse().Process(&reversed, &reversed);
-    CCopy().Process(&reversed, &dst);
+    Reverse(reversed, dst);
 }
 
 /// The cut to 0..1 goes over the whole destination; the strips have left out what lies beyond the
@@ -77,6 +84,8 @@ bool CColorTwist::Process(CFrame* src, CFrame* dst, float contrast, float bright
     if (HasAlphaFirst(*src))
         reversed.Init(size.width, stripRows, depth, &allocator,
                       floats ? PixelFormatBGRA32f : PixelFormatBGRA8, src->m_bFlipped);
+    // Reversed bytes have their alpha with them, uncut.
+    const bool alphaCame = reversed.m_pBuffer && !floats;
     for (int y = 0; y < size.height; y += stripRows) {
         const int rows = std::min(stripRows, size.height - y);
         CFrame from, to;
@@ -88,7 +97,7 @@ bool CColorTwist::Process(CFrame* src, CFrame* dst, float contrast, float bright
             Twist(from, to, matrix);
             if (floats) ClampValues(&to);
         }
-        CCopyPlane().Process(&from, &to, alpha, alpha);
+        if (!alphaCame) CCopyPlane().Process(&from, &to, alpha, alpha);
     }
     if (src->m_pfPixelFormat == PixelFormatBGRA32f) ClampOutside(*dst, size);
     return true;
