@@ -1,7 +1,8 @@
 // Bodies of the medians; built once for each variant.
 //
-// Small masks find the median of a vector of samples bit by bit: it is the largest value that at
-// most half of the samples lie below. Larger masks keep counts for each column of the mask and for
+// The smallest masks throw away extremes until one sample is left, for a vector of pixels at once.
+// Small masks find the median bit by bit: it is the largest value that at most half of the samples
+// lie below. Larger masks keep counts for each column of the mask and for
 // the mask as a whole, so that a step of the mask costs one column in and one out whatever its
 // size.
 #include "primitives/median.h"
@@ -42,30 +43,70 @@ class Scratch {
 
 // --- small masks -------------------------------------------------------------------------------
 
-/// Up to here searching by bits is the faster way; counts must fit bytes.
-constexpr int kSmallArea = kVectorBytes == 64 ? 225 : kVectorBytes == 32 ? 121 : 63;
+/// Up to here searching by bits is faster than counting; its own counts fit bytes.
+constexpr int kSmallArea = kVectorBytes;
 constexpr int kBlock = kVectorBytes / 4;  ///< pixels of a vector
 
-/// The medians of a vector of samples; `from` is the first sample under the mask of the first.
-inline U8 MedianOfBlock(const std::uint8_t* from, int step, IppiSize mask) {
-    const U8 middle = U8{} + static_cast<std::uint8_t>(mask.width * mask.height / 2);
-    U8 median{};
-    for (int bit = 128; bit; bit >>= 1) {
-        const U8 raised = median | static_cast<std::uint8_t>(bit);
-        U8 below{};
-        for (int y = 0; y < mask.height; ++y) {
-            const std::uint8_t* row = Row(from, step, y);
-            for (int x = 0; x < mask.width; ++x) below -= (U8)(Load<U8>(row + 4 * x) < raised);
+/// The medians of a vector of samples under a mask of any size, bit by bit. `from` is the first
+/// sample under the mask of the first.
+struct ByBits {
+    IppiSize mask;
+
+    U8 operator()(const std::uint8_t* from, int step) const {
+        const U8 middle = U8{} + static_cast<std::uint8_t>(mask.width * mask.height / 2);
+        U8 median{};
+        for (int bit = 128; bit; bit >>= 1) {
+            const U8 raised = median | static_cast<std::uint8_t>(bit);
+            U8 below{};
+            for (int y = 0; y < mask.height; ++y) {
+                const std::uint8_t* row = Row(from, step, y);
+                for (int x = 0; x < mask.width; ++x) below -= (U8)(Load<U8>(row + 4 * x) < raised);
+            }
+            median = below <= middle ? raised : median;
         }
-        median = below <= middle ? raised : median;
+        return median;
     }
-    return median;
-}
+};
+
+/// The same under a square mask, by throwing away extremes: of any samples that are at least two
+/// more than half, neither the least nor the greatest is needed. Those are exchanged for one that
+/// was not yet looked at, until the middle one of three is the result.
+template <int Side>
+struct ByExtremes {
+    U8 operator()(const std::uint8_t* from, int step) const {
+        constexpr int kHeld = Side * Side / 2 + 2;
+        U8 held[kHeld];
+        for (int i = 0; i < kHeld; ++i) held[i] = Sample(from, step, i);
+        return Middle<kHeld>(held, from, step);
+    }
+
+  private:
+    static U8 Sample(const std::uint8_t* from, int step, int i) {
+        return Load<U8>(Row(from, step, i / Side) + 4 * (i % Side));
+    }
+    static void Order(U8& a, U8& b) {
+        const U8 least = Min(a, b);
+        b = Max(a, b);
+        a = least;
+    }
+    template <int Held>
+    static U8 Middle(U8* held, const std::uint8_t* from, int step) {
+        for (int i = 0; i < Held / 2; ++i) Order(held[i], held[Held - 1 - i]);
+        for (int i = 1; i < (Held + 1) / 2; ++i) Order(held[0], held[i]);
+        for (int i = Held / 2; i < Held - 1; ++i) Order(held[i], held[Held - 1]);
+        if constexpr (Held == 3) {
+            return held[1];
+        } else {
+            held[0] = Sample(from, step, Side * Side + 3 - Held);
+            return Middle<Held - 1>(held, from, step);
+        }
+    }
+};
 
 /// Rows end with blocks that are taken through a copy, so that nothing behind the last sample is
 /// touched.
-template <int Medians>
-int SmallMedian(const Call& call) {
+template <int Medians, class OfBlock>
+int SmallMedian(const Call& call, OfBlock medianOfBlock) {
     const IppiSize mask = call.mask;
     const int copyStep = 4 * (kBlock + mask.width);
     const Scratch copy(std::int64_t{copyStep} * mask.height);
@@ -78,7 +119,7 @@ int SmallMedian(const Call& call) {
         std::uint8_t* to = Row(call.dst, call.dstStep, y);
         int x = 0;
         for (; x + kBlock + kBehind <= call.size.width; x += kBlock, from += kVectorBytes) {
-            const U8 medians = MedianOfBlock(from, call.srcStep, mask);
+            const U8 medians = medianOfBlock(from, call.srcStep);
             Store(to + 4 * x, Medians == 4 ? medians : KeepFourth(medians, Load<U8>(to + 4 * x)));
         }
         const int rest = call.size.width - x;
@@ -86,7 +127,7 @@ int SmallMedian(const Call& call) {
         for (int j = 0; j < mask.height; ++j)
             std::memcpy(copied + copyStep * j, Row(from, call.srcStep, j),
                         static_cast<std::size_t>(4 * (rest + mask.width - 1) - kBehind));
-        const U8 medians = MedianOfBlock(copied, copyStep, mask);
+        const U8 medians = medianOfBlock(copied, copyStep);
         std::uint8_t last[kVectorBytes];
         Store(last, medians);
         for (int i = 0; i < rest; ++i)
@@ -101,36 +142,56 @@ int SmallMedian(const Call& call) {
 // low half. The coarse ones count the high halves; for each high half, fine ones count the low
 // halves of the samples that have it. Of the mask only the coarse counts follow each step; fine
 // ones catch up when the median falls into their sixteenth.
-template <class Column, class Sum>
-struct Counters {
-    using ColumnCounts = VectorOf<Column, 16>;
-    using SumCounts = VectorOf<Sum, 16>;
-};
-using Bytes = Counters<std::uint8_t, std::int16_t>;
-using Words = Counters<std::int32_t, std::int32_t>;
 
-/// How many of ascending counts are not above a rank, which lies below the last of them.
-template <class Counts, class Sum>
-inline int NotAbove(const Counts& counts, Sum rank) {
-    const auto above = counts > rank;
-    if constexpr (sizeof(Sum) == 2) {
-#if defined(__AVX512BW__)
-        return __builtin_ctz(_mm256_cmpgt_epi16_mask((__m256i)counts, _mm256_set1_epi16(rank)));
-#elif defined(__AVX2__)
-        return __builtin_ctz(static_cast<unsigned>(_mm256_movemask_epi8((__m256i)above))) / 2;
-#elif defined(__SSE2__)
-        __m128i halves[2];
-        std::memcpy(halves, &above, sizeof halves);
-        return __builtin_ctz(
-            static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(halves[0], halves[1]))));
-#endif
+/// Sixteen counts, in parts that fit registers.
+template <class Count>
+struct Counts {
+    static constexpr int kBytes = 16 * sizeof(Count);
+    static constexpr int kLanesOf = (kBytes < kVectorBytes ? kBytes : kVectorBytes) / sizeof(Count);
+    static constexpr int kParts = 16 / kLanesOf;
+    using Part = VectorOf<Count, kLanesOf>;
+    Part parts[kParts];
+
+    template <class Other>
+    Counts& operator+=(const Counts<Other>& other) {
+        for (int i = 0; i < kParts; ++i) parts[i] += PartOf(other, i);
+        return *this;
     }
-    int count = 0;
-    for (int k = 0; k < 16; ++k) count += above[k] ? 0 : 1;
-    return count;
-}
+    template <class Other>
+    Counts& operator-=(const Counts<Other>& other) {
+        for (int i = 0; i < kParts; ++i) parts[i] -= PartOf(other, i);
+        return *this;
+    }
+    /// How many of ascending counts are not above a rank, which lies below the last of them.
+    int NotAbove(Count rank) const {
+        if constexpr (sizeof(Count) == 2) {
+#if defined(__AVX512BW__)
+            return __builtin_ctz(
+                _mm256_cmpgt_epi16_mask((__m256i)parts[0], _mm256_set1_epi16(rank)));
+#elif defined(__AVX2__)
+            const auto above = (__m256i)(parts[0] > rank);
+            return __builtin_ctz(static_cast<unsigned>(_mm256_movemask_epi8(above))) / 2;
+#elif defined(__SSE2__)
+            const auto low = (__m128i)(parts[0] > rank), high = (__m128i)(parts[1] > rank);
+            return __builtin_ctz(
+                static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(low, high))));
+#endif
+        }
+        int count = 0;
+        while (parts[count / kLanesOf][count % kLanesOf] <= rank) ++count;
+        return count;
+    }
 
-template <class Counter>
+  private:
+    template <class Other>
+    static Part PartOf(const Counts<Other>& other, int i) {
+        const auto* from = reinterpret_cast<const std::uint8_t*>(&other);
+        return __builtin_convertvector(
+            Load<VectorOf<Other, kLanesOf>>(from + i * kLanesOf * sizeof(Other)), Part);
+    }
+};
+
+template <class Column, class Sum>
 class ColumnMedian {
   public:
     explicit ColumnMedian(const Call& call)
@@ -141,7 +202,9 @@ class ColumnMedian {
           coarse_(static_cast<ColumnCounts*>(memory_.data())),
           fine_(coarse_ + (coarse_ ? columns_ : 0)) {
         for (int v = 0; v < 16; ++v)
-            for (int k = 0; k < 16; ++k) upTo_[v][k] = k >= v ? 1 : 0;
+            for (int k = 0; k < 16; ++k)
+                upTo_[v].parts[k / ColumnCounts::kLanesOf][k % ColumnCounts::kLanesOf] =
+                    k >= v ? 1 : 0;
     }
     explicit operator bool() const { return coarse_ != nullptr; }
 
@@ -175,9 +238,8 @@ class ColumnMedian {
     }
 
   private:
-    using ColumnCounts = typename Counter::ColumnCounts;
-    using SumCounts = typename Counter::SumCounts;
-    using Sum = std::remove_reference_t<decltype(SumCounts{}[0])>;
+    using ColumnCounts = Counts<Column>;
+    using SumCounts = Counts<Sum>;
 
     ColumnCounts* Fine(int high) const { return fine_ + high * columns_; }
     void Add(std::ptrdiff_t column, int value) {
@@ -189,23 +251,16 @@ class ColumnMedian {
         Fine(value >> 4)[column] -= upTo_[value & 15];
     }
 
-    // Sums go by reference: they may be wider than the variant's registers.
-    static void AddTo(SumCounts& sum, const ColumnCounts& column) {
-        sum += __builtin_convertvector(column, SumCounts);
-    }
-    static void TakeFrom(SumCounts& sum, const ColumnCounts& column) {
-        sum -= __builtin_convertvector(column, SumCounts);
-    }
     /// The sum of the columns under the mask at x.
     void Total(SumCounts& sum, const ColumnCounts* columns, int x) const {
         SumCounts total{};
-        for (int i = 0; i < call_.mask.width; ++i) AddTo(total, columns[x + i]);
+        for (int i = 0; i < call_.mask.width; ++i) total += columns[x + i];
         sum = total;
     }
     /// Moves such a sum one pixel to the right, to x.
     void Step(SumCounts& sum, const ColumnCounts* columns, int x) const {
-        AddTo(sum, columns[x + call_.mask.width - 1]);
-        TakeFrom(sum, columns[x - 1]);
+        sum += columns[x + call_.mask.width - 1];
+        sum -= columns[x - 1];
     }
 
     void FilterRow(std::uint8_t* dst, int width) const {
@@ -216,12 +271,12 @@ class ColumnMedian {
         SumCounts coarse;
         Total(coarse, coarse_, 0);
         for (int x = 0;;) {
-            const int high = NotAbove(coarse, middle);
+            const int high = coarse.NotAbove(middle);
             Sum below[17];
             below[0] = 0;
             std::memcpy(below + 1, &coarse, sizeof coarse);
             CatchUp(fine[high], Fine(high), at[high], x);
-            const int low = NotAbove(fine[high], static_cast<Sum>(middle - below[high]));
+            const int low = fine[high].NotAbove(static_cast<Sum>(middle - below[high]));
             dst[4 * std::ptrdiff_t{x}] = static_cast<std::uint8_t>(high << 4 | low);
             if (++x == width) return;
             Step(coarse, coarse_, x);
@@ -245,9 +300,9 @@ class ColumnMedian {
     ColumnCounts upTo_[16];  ///< what a sample adds, by the half that counts
 };
 
-template <class Counter>
+template <class Column, class Sum>
 int LargeMedian(const Call& call, int medians) {
-    ColumnMedian<Counter> filter(call);
+    ColumnMedian<Column, Sum> filter(call);
     if (!filter) return kStatusNoMemory;
     for (std::int64_t x = 0; x < call.size.width; x += filter.kStrip)
         for (int c = 0; c < medians; ++c) filter.Run(static_cast<int>(x), c);
@@ -263,6 +318,8 @@ int FilterMedian(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int ds
     if (mask.width % 2 == 0 || mask.height % 2 == 0 || anchor.x < 0 || anchor.y < 0 ||
         anchor.x >= mask.width || anchor.y >= mask.height)
         return kStatusBadArgument;
+    const std::int64_t area = std::int64_t{mask.width} * mask.height;
+    if (area > INT32_MAX) return kStatusBadArgument;
 
     const Call call{Row(src, srcStep, -anchor.y) - 4 * std::ptrdiff_t{anchor.x},
                     srcStep,
@@ -270,10 +327,12 @@ int FilterMedian(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int ds
                     dstStep,
                     size,
                     mask};
-    const std::int64_t area = std::int64_t{mask.width} * mask.height;
-    if (area <= kSmallArea) return SmallMedian<Medians>(call);
-    if (area <= INT16_MAX && mask.height <= UINT8_MAX) return LargeMedian<Bytes>(call, Medians);
-    return LargeMedian<Words>(call, Medians);
+    if (mask.width == 3 && mask.height == 3) return SmallMedian<Medians>(call, ByExtremes<3>{});
+    if (mask.width == 5 && mask.height == 5) return SmallMedian<Medians>(call, ByExtremes<5>{});
+    if (area <= kSmallArea) return SmallMedian<Medians>(call, ByBits{mask});
+    if (area <= INT16_MAX && mask.height <= UINT8_MAX)
+        return LargeMedian<std::uint8_t, std::int16_t>(call, Medians);
+    return LargeMedian<std::int32_t, std::int32_t>(call, Medians);
 }
 
 }  // namespace

@@ -144,6 +144,7 @@ TEST(Median, Statuses) {
             EXPECT_EQ(call(44, two, even, {1, 1}), kStatusBadArgument);
         for (const IppiPoint outside : {IppiPoint{-1, 1}, {1, -1}, {3, 1}, {1, 3}})
             EXPECT_EQ(call(44, two, three, outside), kStatusBadArgument);
+        EXPECT_EQ(call(44, two, {65537, 65537}, {1, 1}), kStatusBadArgument);
         EXPECT_TRUE(dst == before);
     }
 }
