@@ -100,10 +100,10 @@ void CheckFloats(IppiSize size, const std::vector<float>& kernel, int anchor) {
 /// Weights between -n and n with nothing symmetric about them.
 template <class Weight>
 std::vector<Weight> Lopsided(int n) {
-    std::vector<Weight> kernel;
+    std::vector<Weight> kernel(static_cast<std::size_t>(n));
     for (int i = 0; i < n; ++i)
-        kernel.push_back(static_cast<Weight>((i * 7 + 3) % (2 * n + 1) - n / 2) *
-                         (std::is_integral_v<Weight> ? Weight(1) : Weight(0.37)));
+        kernel[i] = static_cast<Weight>((i * 7 + 3) % (2 * n + 1) - n / 2) *
+                    (std::is_integral_v<Weight> ? Weight(1) : Weight(0.37));
     return kernel;
 }
 

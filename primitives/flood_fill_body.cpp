@@ -50,8 +50,7 @@ class Colour {
         for (; end - x >= kPixels; x += kPixels)
             std::memcpy(row + std::ptrdiff_t{3} * x, words_, sizeof words_);
         if (end > x)
-            std::memcpy(row + std::ptrdiff_t{3} * x, words_,
-                        static_cast<std::size_t>(3 * (end - x)));
+            std::memcpy(row + std::ptrdiff_t{3} * x, words_, 3 * static_cast<std::size_t>(end - x));
     }
 
   private:

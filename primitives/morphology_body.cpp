@@ -26,7 +26,10 @@ struct Lanes<float> {
     static constexpr float kLowest = -__builtin_inff();
     /// What is no number counts as minus infinity, and minus zero as zero, so that the order in
     /// which samples are compared does not show.
-    static F32 Counted(F32 v) { return v == v ? v + 0.0f : F32{} + kLowest; }
+    static F32 Counted(F32 v) {
+        const I32 isNumber = v == v;  // NOLINT(misc-redundant-expression): false for NaN alone
+        return isNumber ? v + 0.0f : F32{} + kLowest;
+    }
 };
 
 /// Bytes of a strip of results: few, so that the ring of a tall mask stays in the nearest cache.

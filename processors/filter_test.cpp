@@ -100,8 +100,8 @@ void ExpectPass(const CFrame& src, const CFrame& dst, const CFrame& before, cons
 template <class Weight>
 void ExpectBothPasses(PixelFormat format, IppiSize dstSize, int size, const Pass& row,
                       const Pass& column) {
-    std::vector<Weight> kernel;
-    for (int i = 0; i < size; ++i) kernel.push_back(static_cast<Weight>(3 * i + 1));
+    std::vector<Weight> kernel(static_cast<std::size_t>(size));
+    for (int i = 0; i < size; ++i) kernel[i] = static_cast<Weight>(3 * i + 1);
     const int anchor = size / 2, margin = 2, divisor = 37;
     for (const bool allChannels : {false, true}) {
         RandomFrame src(23, 17, format, 1), dst(dstSize.width, dstSize.height, format, 2),

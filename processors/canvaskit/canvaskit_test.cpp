@@ -24,7 +24,6 @@ namespace {
 using testing::RandomFrame;
 using testing::SamePixels;
 using testing::SampleAt;
-using testing::SamplesPerPixel;
 
 /// The sample at a pixel, or at the nearest one of the frame.
 float Nearest(const CFrame& frame, int x, int y, int c) {
