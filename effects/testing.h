@@ -11,6 +11,9 @@
 
 namespace brushworks::testing {
 
+/// The effects that render on the processor, by their numbers.
+inline constexpr unsigned int kRenderingEffects[] = {10, 11};
+
 struct Releaser {
     template <class Object>
     void operator()(Object* object) const {

@@ -9,6 +9,9 @@ namespace brushworks {
 class CWaterColor final : public CEffect {
   public:
     CWaterColor();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

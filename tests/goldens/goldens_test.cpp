@@ -29,15 +29,16 @@ struct GoldenEffect {
 };
 constexpr GoldenEffect kEffects[] = {
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
+    {11, "water_color", {"Burnt", "Fun Day Out", "Smokey"}},
 };
 
-constexpr int kWidth = 96, kHeight = 64;
+constexpr int kWidth = 192, kHeight = 144;
 
 /// A picture with slopes, edges, saturated colours and grain, in integers, so that every machine
 /// draws the same. `channel` counts B, G, R, A.
 unsigned char PictureSample(int x, int y, int channel) {
     if (channel == 3) return static_cast<unsigned char>(255 - x);
-    const bool disc = (x - 60) * (x - 60) + (y - 30) * (y - 30) < 20 * 20;
+    const bool disc = (x - 120) * (x - 120) + (y - 70) * (y - 70) < 45 * 45;
     const int slope[3] = {x * 255 / kWidth, y * 255 / kHeight, (x + y) * 255 / (kWidth + kHeight)};
     const int grain = static_cast<int>(
         (static_cast<unsigned>(x * 7919 + y * 104729 + channel * 31) * 2654435761u) >> 28);
