@@ -47,7 +47,8 @@ void FramePainter::render(const AVFrame& source, AVFrame& destination, std::int6
     RenderInfo info = {};
     info.dwFlags = kRenderHasFieldMode;
     info.nFieldMode = m_settings.fields ? kFieldModeField : kFieldModeFrame;
-    info.nRandomSeed = m_settings.seed;
+    info.nRandomSeed = static_cast<std::int32_t>(static_cast<std::uint32_t>(m_settings.seed) +
+                                                 static_cast<std::uint32_t>(number));
     if (m_settings.pixelAspect.num > 0) {
         info.dwFlags |= kRenderHasPixelAspect;
         info.dPixelAspect = av_q2d(m_settings.pixelAspect);

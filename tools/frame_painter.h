@@ -22,8 +22,8 @@ struct PaintSettings {
     media::Orientation orientation;
     media::Raster output;
     AVRational pixelAspect = {0, 1};  ///< width of a pixel over its height, 0/1 where not known
-    std::int32_t seed = 0;
-    bool fields = false;  ///< render the two fields of a frame each for itself
+    std::int32_t seed = 0;            ///< of the first frame; each further frame adds 1
+    bool fields = false;              ///< render the two fields of a frame each for itself
 };
 
 /// One worker, with an effect object of its own. [one thread at a time]

@@ -62,7 +62,10 @@ void addPaint(CLI::App& app) {
         ->required();
     paint->add_option("-j,--jobs", options->jobs, "Frames to render at once (default: all cores)")
         ->check(CLI::Range(1, kMostJobs));
-    paint->add_option("--seed", options->seed, "Seed of random strokes")->capture_default_str();
+    paint
+        ->add_option("--seed", options->seed,
+                     "Seed of random strokes; the frames of a video count on from it")
+        ->capture_default_str();
     paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
     paint->add_flag("-f,--force", options->force, "Replace an existing output");
     paint->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
