@@ -9,6 +9,9 @@ namespace brushworks {
 class CAurascope final : public CEffect {
   public:
     CAurascope();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

@@ -9,6 +9,9 @@ namespace brushworks {
 class CSmoother final : public CEffect {
   public:
     CSmoother();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

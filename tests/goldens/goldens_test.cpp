@@ -28,6 +28,9 @@ struct GoldenEffect {
     const char* presets[3];  ///< besides the defaults
 };
 constexpr GoldenEffect kEffects[] = {
+    {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
+    {6, "mural", {"Bold", "Heaven", "Stark"}},
+    {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
     {11, "water_color", {"Burnt", "Fun Day Out", "Smokey"}},
 };
