@@ -9,6 +9,15 @@ namespace brushworks {
 class CCharcoal final : public CEffect {
   public:
     CCharcoal();
+
+    /// Fills 256 bytes with the curve of a `contrast` from 0, the plain ramp, to 1.
+    static void CreateGammaTable(float contrast, unsigned char* table);
+    /// Puts the colours of the common region through that curve; the fourth sample is copied. The
+    /// frames may be one.
+    static void Contrast(CFrame* src, CFrame* dst, float contrast);
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

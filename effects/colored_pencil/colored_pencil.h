@@ -9,6 +9,9 @@ namespace brushworks {
 class CColoredPencil final : public CEffect {
   public:
     CColoredPencil();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

@@ -28,6 +28,8 @@ struct GoldenEffect {
     const char* presets[3];  ///< besides the defaults
 };
 constexpr GoldenEffect kEffects[] = {
+    {1, "charcoal", {"Colored Chalk", "Light Sketch", "Soft Pink"}},
+    {2, "colored_pencil", {"Dark Colors", "Faded", "Penciled Lines"}},
     {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
