@@ -72,6 +72,30 @@ TEST(ColourTwist, MatchesTheSumsOnEdgeSizes) {
     });
 }
 
+TEST(ColourTwist, WholePixelsWithAlphaAtEitherEnd) {
+    const testing::Layout four{4};
+    for (const AlphaAt alpha : {AlphaAt::kFirst, AlphaAt::kLast}) {
+        const auto call = [alpha](auto* twist) {
+            return [=](auto... images) { return twist(images..., kTwist, alpha); };
+        };
+        const auto reference = [alpha](auto convert) {
+            return [=](const auto* from, auto* to) {
+                const bool first = alpha == AlphaAt::kFirst;
+                const auto at = [first](int channel) { return first ? 3 - channel : channel; };
+                for (int i = 0; i < 3; ++i)
+                    to[at(i)] = convert(Sum(kTwist[i], from[at(0)], from[at(1)], from[at(2)]));
+                to[at(3)] = from[at(3)];
+            };
+        };
+        testing::ExpectPerPixel<std::uint8_t, std::uint8_t>(
+            "bytes", four, four, call(TwistBytes_C4R), reference(ToByte));
+        testing::ExpectPerPixel<float, float>(
+            "floats", four, four, call(TwistUnit_C4R),
+            reference([](float sum) { return sum > 0 ? std::fmin(sum, 1.0f) : 0.0f; }), -8.0f,
+            8.0f);
+    }
+}
+
 TEST(ColourTwist, IdentityKeepsThePicture) {
     ForEachVariant([](Variant) {
         GuardedImage<std::uint8_t> src({201, 9}, 4), dst = src;
@@ -102,6 +126,10 @@ TEST(ColourTwist, RoundsTiesToEvenAndCuts) {
             EXPECT_EQ(dst[1], known.stored) << known.sum;
             EXPECT_EQ(dst[2], 0);
             EXPECT_EQ(dst[3], 9);
+            const float pixel[4] = {};
+            float unit[4];
+            ASSERT_EQ(TwistUnit_C4R(pixel, 16, unit, 16, {1, 1}, twist, AlphaAt::kLast), kStatusOk);
+            EXPECT_EQ(unit[1], known.sum > 0 ? std::fmin(known.sum, 1.0f) : 0.0f) << known.sum;
         }
     });
 }
