@@ -140,9 +140,11 @@ struct Planes {
     I32 s0, s1, s2;
 };
 
-inline Planes Split(const std::uint8_t* pixels) {
-    const auto v = Load<U32>(pixels);
+inline Planes Split(U32 v) {
     return {(I32)(v & 255), (I32)(v >> 8 & 255), (I32)(v >> 16 & 255)};
+}
+inline Planes Split(const std::uint8_t* pixels) {
+    return Split(Load<U32>(pixels));
 }
 inline Planes Split(const std::uint16_t* pixels) {
     const auto a = Load<U32>(pixels), b = Load<U32>(pixels + 2 * kLanes);
@@ -150,10 +152,13 @@ inline Planes Split(const std::uint16_t* pixels) {
     return {(I32)(low & 0xFFFF), (I32)(low >> 16), (I32)(high & 0xFFFF)};
 }
 
-/// Writes the three samples, which lie in their type's range; the fourth keeps its value.
+/// Pixels of three samples, which lie in their type's range, and the fourth of `old`.
+inline U32 Joined(U32 old, Planes p) {
+    return (old & 0xFF000000u) | (U32)p.s0 | (U32)p.s1 << 8 | (U32)p.s2 << 16;
+}
+/// Writes the three samples; the fourth keeps its value.
 inline void Join(std::uint8_t* pixels, Planes p) {
-    const U32 fourth = Load<U32>(pixels) & 0xFF000000u;
-    Store(pixels, fourth | (U32)p.s0 | (U32)p.s1 << 8 | (U32)p.s2 << 16);
+    Store(pixels, Joined(Load<U32>(pixels), p));
 }
 inline void Join(std::uint16_t* pixels, Planes p) {
     const U32 fourth = Odd(Load<U32>(pixels), Load<U32>(pixels + 2 * kLanes)) & 0xFFFF0000u;
