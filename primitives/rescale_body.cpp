@@ -79,9 +79,4 @@ int BytesFromUnitReversed_C4R(const float* src, int srcStep, std::uint8_t* dst, 
         Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
 }
 
-int ReverseBytes_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
-                     IppiSize size) {
-    return ForRows(size, Reverse, Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
-}
-
 }  // namespace brushworks::BRUSHWORKS_VARIANT
