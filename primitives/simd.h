@@ -82,6 +82,20 @@ inline I32 ToInt(F32 v) {
     return __builtin_convertvector(v, I32);
 }
 
+/// Of each two neighbouring 16-bit lanes the sum of their products, in 32 bits.
+inline I32 SumOfPairs(I16 a, I16 b) {
+#if defined(__AVX512BW__)
+    return (I32)_mm512_madd_epi16((__m512i)a, (__m512i)b);
+#elif defined(__AVX2__)
+    return (I32)_mm256_madd_epi16((__m256i)a, (__m256i)b);
+#elif defined(__SSE2__)
+    return (I32)_mm_madd_epi16((__m128i)a, (__m128i)b);
+#else
+    const auto low = [](I32 v) { return (I32)((U32)v << 16) >> 16; };
+    return low((I32)a) * low((I32)b) + ((I32)a >> 16) * ((I32)b >> 16);
+#endif
+}
+
 /// Float to 8 bits: cut to 0..255, nearest, ties to even, NaN to 0. Adding 1.5 * 2^23 leaves the
 /// rounded number in the low bits.
 inline I32 R8(F32 v) {
