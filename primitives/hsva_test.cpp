@@ -2,6 +2,7 @@
 #include "primitives/hsva.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -112,7 +113,8 @@ TEST(Hsva, TreatsEveryFloatAsTheFormulasDo) {
         for (std::size_t i = 0; i < pixels.size(); i += 4) {
             const Triple q = formula({pixels[i], pixels[i + 1], pixels[i + 2]});
             for (std::size_t c = 0; c < 3; ++c)
-                ASSERT_TRUE(std::memcmp(&got[i + c], &q.c[c], 4) == 0 ||
+                ASSERT_TRUE(std::bit_cast<std::uint32_t>(got[i + c]) ==
+                                std::bit_cast<std::uint32_t>(q.c[c]) ||
                             (std::isnan(got[i + c]) && std::isnan(q.c[c])))
                     << pixels[i] << ", " << pixels[i + 1] << ", " << pixels[i + 2] << ": "
                     << got[i + c] << " for " << q.c[c];
