@@ -10,6 +10,7 @@
 #include "processors/alpha_blend.h"
 #include "processors/alpha_fade.h"
 #include "processors/alpha_premul.h"
+#include "processors/channel_reverse.h"
 #include "processors/color_space_converter.h"
 #include "processors/color_twist.h"
 #include "processors/dodge_blend.h"
@@ -157,6 +158,10 @@ std::vector<Operation> ResizeBlend() {
          [] { return Convert(false, PixelFormatBGRA32f) ? 0 : -1; }},
         {"CColorSpaceConverter, to bytes, reversed", 20,
          [] { return Convert(false, PixelFormatARGB32f) ? 0 : -1; }},
+        Bytes("CChannelReverse", 2,
+              [](auto& a, auto&, auto& dst) { return CChannelReverse().Process(&a, &dst); }),
+        Floats("CChannelReverse, floats", 2,
+               [](auto& a, auto&, auto& dst) { return CChannelReverse().Process(&a, &dst); }),
         Bytes("CRGBToHSV", 2,
               [](auto& a, auto&, auto& dst) { return CRGBToHSV().Process(&a, &dst); }),
         Floats("CRGBToHSV, floats", 2,
@@ -229,6 +234,11 @@ void Transform(const cv::Mat& a, const cv::Mat&, cv::Mat& dst) {
     cv::transform(a, dst, matrix);
 }
 
+void Reverse(const cv::Mat& a, const cv::Mat&, cv::Mat& dst) {
+    constexpr int kPairs[] = {0, 3, 1, 2, 2, 1, 3, 0};
+    cv::mixChannels(&a, 1, &dst, 1, kPairs, 4);
+}
+
 void Weigh(const cv::Mat& a, const cv::Mat& b, cv::Mat& dst) {
     cv::addWeighted(a, 0.6, b, 0.3, 0, dst);
 }
@@ -262,6 +272,8 @@ std::vector<Operation> ResizeBlendPeers() {
         Peer<u8>("CColorTwist", Transform),
         Peer<u8>("CColorTwist, alpha first", Transform),
         Peer<float>("CColorTwist, floats", Transform),
+        Peer<u8>("CChannelReverse", Reverse),
+        Peer<float>("CChannelReverse, floats", Reverse),
         {"CColorSpaceConverter, to floats", 0,
          [] {
              cv::Mat to = View(Images<float>::Get().dst);

@@ -36,6 +36,53 @@ int TwistRows(const float* src, int srcStep, float* dst, int dstStep, IppiSize s
     return kStatusOk;
 }
 
+template <AlphaAt kAlpha>
+int TwistBytes(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, IppiSize size,
+               const float twist[3][4]) {
+    float t[3][4];
+    std::memcpy(t, twist, sizeof t);
+    return ForRows(
+        size,
+        [&t](std::ptrdiff_t pixels, const std::uint8_t* from, std::uint8_t* to) {
+            const auto twisted = [&t](U8 bytes) {
+                const auto words = (U32)bytes;
+                const auto channel = [words](int i) {
+                    return ToFloat((I32)(words >> 8 * PlaceOf<kAlpha>(i) & 255));
+                };
+                const F32 c0 = channel(0), c1 = channel(1), c2 = channel(2);
+                U32 result = words & 255u << 8 * PlaceOf<kAlpha>(3);
+                for (int i = 0; i < 3; ++i)
+                    result |= (U32)R8(t[i][0] * c0 + t[i][1] * c1 + t[i][2] * c2 + t[i][3])
+                              << 8 * PlaceOf<kAlpha>(i);
+                return (U8)result;
+            };
+            MapPixels<kLanes>(pixels, twisted, Whole<4>(to), Whole<4>(from));
+        },
+        Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
+}
+
+template <AlphaAt kAlpha>
+int TwistUnit(const float* src, int srcStep, float* dst, int dstStep, IppiSize size,
+              const float twist[3][4]) {
+    F32 t[4] = {};
+    for (int j = 0; j < 4; ++j)
+        for (int i = 0; i < kLanes; ++i)
+            if (i % 4 != PlaceOf<kAlpha>(3)) t[j][i] = twist[PlaceOf<kAlpha>(i % 4)][j];
+    return ForRows(
+        size,
+        [&t](std::ptrdiff_t pixels, const float* from, float* to) {
+            const auto twisted = [t0 = t[0], t1 = t[1], t2 = t[2], t3 = t[3]](F32 s) {
+                const F32 sum = t0 * Spread<PlaceOf<kAlpha>(0)>(s) +
+                                t1 * Spread<PlaceOf<kAlpha>(1)>(s) +
+                                t2 * Spread<PlaceOf<kAlpha>(2)>(s) + t3;
+                const F32 cut = Min(Max(sum, F32{}), F32{} + 1.0f);
+                return WithSample<PlaceOf<kAlpha>(3)>(cut, s);
+            };
+            MapPixels<kLanes / 4>(pixels, twisted, Whole<4>(to), Whole<4>(from));
+        },
+        Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
+}
+
 }  // namespace
 
 int ippiColorTwist32f_8u_AC4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
@@ -65,6 +112,22 @@ int ippiColorTwist_32f_AC4R(const float* src, int srcStep, float* dst, int dstSt
 
 int ippiColorTwist_32f_AC4IR(float* image, int step, IppiSize size, const float twist[3][4]) {
     return TwistRows(image, step, image, step, size, twist);
+}
+
+int TwistBytes_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                   IppiSize size, const float twist[3][4], AlphaAt alpha) {
+    if (!twist) return kStatusNullPointer;
+    return (alpha == AlphaAt::kFirst
+                ? TwistBytes<AlphaAt::kFirst>
+                : TwistBytes<AlphaAt::kLast>)(src, srcStep, dst, dstStep, size, twist);
+}
+
+int TwistUnit_C4R(const float* src, int srcStep, float* dst, int dstStep, IppiSize size,
+                  const float twist[3][4], AlphaAt alpha) {
+    if (!twist) return kStatusNullPointer;
+    return (alpha == AlphaAt::kFirst
+                ? TwistUnit<AlphaAt::kFirst>
+                : TwistUnit<AlphaAt::kLast>)(src, srcStep, dst, dstStep, size, twist);
 }
 
 }  // namespace brushworks::BRUSHWORKS_VARIANT

@@ -2,10 +2,18 @@
 // place of alpha, which layouts have first or last.
 #pragma once
 
+#include "primitives/blend.h"
 #include "primitives/simd.h"
 
 namespace brushworks::BRUSHWORKS_VARIANT {
 namespace {
+
+/// Where a layout has a channel, the channels being counted from the end where alpha is not, and
+/// the channel of a place likewise. Alpha is channel 3.
+template <AlphaAt kAlpha>
+constexpr int PlaceOf(int channel) {
+    return kAlpha == AlphaAt::kFirst ? 3 - channel : channel;
+}
 
 template <int kSample, std::size_t... I>
 inline F32 SpreadOf(F32 pixels, std::index_sequence<I...>) {

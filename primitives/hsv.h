@@ -23,4 +23,10 @@ int ippiHSVToRGB_8u_AC4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst
 int ippiHSVToRGB_16u_AC4R(const std::uint16_t* src, int srcStep, std::uint16_t* dst, int dstStep,
                           IppiSize size);
 
+/// Both of them for whole pixels, whose fourth samples are copied. In place is allowed.
+int HsvFromBytes_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                     IppiSize size);
+int BytesFromHsv_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                     IppiSize size);
+
 }  // namespace brushworks

@@ -2,7 +2,7 @@
 // Nothing branches: every pixel of a vector takes the same path, and selects pick its case.
 #include "primitives/hsv.h"
 
-#include "primitives/simd.h"
+#include "primitives/pixel_loops.h"
 
 namespace brushworks::BRUSHWORKS_VARIANT {
 namespace {
@@ -23,8 +23,9 @@ inline F32 NegateWhere(I32 mask, F32 v) {
 /// second is, else 4 - a r + b r. The largest's own distance is 0, so that one sum serves all
 /// three: base + u r - w r with u = a or -a and w = c - b or b - c. Gray divides by 1 instead of 0,
 /// which gives hue and saturation 0.
+/// Inlined by force, as a call for each vector would double its time.
 template <class Sample>
-inline Planes ToHsv(Planes p) {
+[[gnu::always_inline]] inline Planes ToHsv(Planes p) {
     constexpr float kM = kLargest<Sample>;
     const F32 one = F32{} + 1.0f;
     const F32 s0 = ToFloat(p.s0), s1 = ToFloat(p.s1), s2 = ToFloat(p.s2);
@@ -45,7 +46,7 @@ inline Planes ToHsv(Planes p) {
 /// 0..1 gives g without a look at the sixth; the lines are exact where they are taken. The results
 /// lie in 0..V.
 template <class Sample>
-inline Planes FromHsv(Planes p) {
+[[gnu::always_inline]] inline Planes FromHsv(Planes p) {
     constexpr float kM = kLargest<Sample>;
     const F32 value = ToFloat(p.s2), s = ToFloat(p.s1) / kM;
     F32 h = ToFloat(p.s0) * 6.0f / kM;
@@ -72,6 +73,21 @@ int ConvertRows(const Sample* src, int srcStep, Sample* dst, int dstStep, IppiSi
     return kStatusOk;
 }
 
+/// Whole pixels, with their fourth samples.
+template <class Convert>
+int ConvertWhole(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                 IppiSize size, Convert convert) {
+    return ForRows(
+        size,
+        [convert](std::ptrdiff_t pixels, const std::uint8_t* from, std::uint8_t* to) {
+            const auto converted = [convert](U8 bytes) {
+                return (U8)Joined((U32)bytes, convert(Split((U32)bytes)));
+            };
+            MapPixels<kLanes>(pixels, converted, Whole<4>(to), Whole<4>(from));
+        },
+        Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
+}
+
 }  // namespace
 
 int ippiRGBToHSV_8u_AC4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
@@ -96,6 +112,18 @@ int ippiHSVToRGB_16u_AC4R(const std::uint16_t* src, int srcStep, std::uint16_t* 
                           IppiSize size) {
     return ConvertRows(src, srcStep, dst, dstStep, size,
                        [](Planes p) { return FromHsv<std::uint16_t>(p); });
+}
+
+int HsvFromBytes_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                     IppiSize size) {
+    return ConvertWhole(src, srcStep, dst, dstStep, size,
+                        [](Planes p) { return ToHsv<std::uint8_t>(p); });
+}
+
+int BytesFromHsv_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                     IppiSize size) {
+    return ConvertWhole(src, srcStep, dst, dstStep, size,
+                        [](Planes p) { return FromHsv<std::uint8_t>(p); });
 }
 
 }  // namespace brushworks::BRUSHWORKS_VARIANT

@@ -15,9 +15,5 @@ BRUSHWORKS_PRIMITIVE(UnitFromBytes_C4R, FROM_BYTES)
 BRUSHWORKS_PRIMITIVE(UnitFromBytesReversed_C4R, FROM_BYTES)
 BRUSHWORKS_PRIMITIVE(BytesFromUnit_C4R, FROM_FLOATS)
 BRUSHWORKS_PRIMITIVE(BytesFromUnitReversed_C4R, FROM_FLOATS)
-BRUSHWORKS_PRIMITIVE(ReverseBytes_C4R,
-                     (const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
-                      IppiSize size),
-                     (src, srcStep, dst, dstStep, size))
 
 }  // namespace brushworks

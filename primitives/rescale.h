@@ -17,8 +17,4 @@ int BytesFromUnit_C4R(const float* src, int srcStep, std::uint8_t* dst, int dstS
 int BytesFromUnitReversed_C4R(const float* src, int srcStep, std::uint8_t* dst, int dstStep,
                               IppiSize size);
 
-/// Bytes with the channels of each pixel reversed. In place is allowed.
-int ReverseBytes_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
-                     IppiSize size);
-
 }  // namespace brushworks

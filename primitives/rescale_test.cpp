@@ -39,10 +39,6 @@ TEST(Rescale, MatchesTheFormulas) {
                                         [](const float* from, std::uint8_t* to) {
                                             for (int i = 0; i < 4; ++i) to[i] = Byte(from[3 - i]);
                                         });
-    ExpectPerPixel<std::uint8_t, std::uint8_t>("reversed bytes", four, four, ReverseBytes_C4R,
-                                               [](const std::uint8_t* from, std::uint8_t* to) {
-                                                   for (int i = 0; i < 4; ++i) to[i] = from[3 - i];
-                                               });
 }
 
 TEST(Rescale, ThereAndBackIsExactAndWildFloatsAreCut) {

@@ -82,6 +82,20 @@ inline I32 ToInt(F32 v) {
     return __builtin_convertvector(v, I32);
 }
 
+/// Of each two neighbouring 16-bit lanes the sum of their products, in 32 bits.
+inline I32 SumOfPairs(I16 a, I16 b) {
+#if defined(__AVX512BW__)
+    return (I32)_mm512_madd_epi16((__m512i)a, (__m512i)b);
+#elif defined(__AVX2__)
+    return (I32)_mm256_madd_epi16((__m256i)a, (__m256i)b);
+#elif defined(__SSE2__)
+    return (I32)_mm_madd_epi16((__m128i)a, (__m128i)b);
+#else
+    const auto low = [](I32 v) { return (I32)((U32)v << 16) >> 16; };
+    return low((I32)a) * low((I32)b) + ((I32)a >> 16) * ((I32)b >> 16);
+#endif
+}
+
 /// Float to 8 bits: cut to 0..255, nearest, ties to even, NaN to 0. Adding 1.5 * 2^23 leaves the
 /// rounded number in the low bits.
 inline I32 R8(F32 v) {
@@ -140,9 +154,11 @@ struct Planes {
     I32 s0, s1, s2;
 };
 
-inline Planes Split(const std::uint8_t* pixels) {
-    const auto v = Load<U32>(pixels);
+inline Planes Split(U32 v) {
     return {(I32)(v & 255), (I32)(v >> 8 & 255), (I32)(v >> 16 & 255)};
+}
+inline Planes Split(const std::uint8_t* pixels) {
+    return Split(Load<U32>(pixels));
 }
 inline Planes Split(const std::uint16_t* pixels) {
     const auto a = Load<U32>(pixels), b = Load<U32>(pixels + 2 * kLanes);
@@ -150,10 +166,13 @@ inline Planes Split(const std::uint16_t* pixels) {
     return {(I32)(low & 0xFFFF), (I32)(low >> 16), (I32)(high & 0xFFFF)};
 }
 
-/// Writes the three samples, which lie in their type's range; the fourth keeps its value.
+/// Pixels of three samples, which lie in their type's range, and the fourth of `old`.
+inline U32 Joined(U32 old, Planes p) {
+    return (old & 0xFF000000u) | (U32)p.s0 | (U32)p.s1 << 8 | (U32)p.s2 << 16;
+}
+/// Writes the three samples; the fourth keeps its value.
 inline void Join(std::uint8_t* pixels, Planes p) {
-    const U32 fourth = Load<U32>(pixels) & 0xFF000000u;
-    Store(pixels, fourth | (U32)p.s0 | (U32)p.s1 << 8 | (U32)p.s2 << 16);
+    Store(pixels, Joined(Load<U32>(pixels), p));
 }
 inline void Join(std::uint16_t* pixels, Planes p) {
     const U32 fourth = Odd(Load<U32>(pixels), Load<U32>(pixels + 2 * kLanes)) & 0xFFFF0000u;

@@ -1,4 +1,4 @@
-// Body of the channel permutation; built once for each variant.
+// Bodies of the channel permutations; built once for each variant.
 #include "primitives/swap.h"
 
 #include "primitives/body.h"
@@ -23,6 +23,17 @@ int ippiSwapChannels_8u_C4IR(std::uint8_t* image, int step, IppiSize size, const
             }
         },
         pixels);
+}
+
+int ReverseBytes_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                     IppiSize size) {
+    return ForRows(
+        size,
+        [](std::ptrdiff_t pixels, const std::uint8_t* from, std::uint8_t* to) {
+            for (std::ptrdiff_t x = 0; x < pixels; ++x)
+                StorePixel(to + 4 * x, __builtin_bswap32(LoadPixel(from + 4 * x)));
+        },
+        Pixels<4>(src, srcStep), Pixels<4>(dst, dstStep));
 }
 
 }  // namespace brushworks::BRUSHWORKS_VARIANT

@@ -20,6 +20,13 @@ TEST(Swap, PermutesAndRepeats) {
             });
 }
 
+TEST(Swap, Reverses) {
+    testing::ExpectPerPixel<std::uint8_t, std::uint8_t>(
+        "bytes", {4}, {4}, ReverseBytes_C4R, [](const std::uint8_t* from, std::uint8_t* to) {
+            for (int k = 0; k < 4; ++k) to[k] = from[3 - k];
+        });
+}
+
 TEST(Swap, Statuses) {
     std::uint8_t pixel[4] = {1, 2, 3, 4};
     const int good[4] = {0, 1, 2, 3}, high[4] = {0, 1, 2, 4}, low[4] = {-1, 1, 2, 3};

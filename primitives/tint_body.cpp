@@ -1,4 +1,5 @@
-// Bodies of the tinted luminance and of the products with alpha; built once for each variant.
+// Bodies of the tinted luminance, the fade and the products with alpha; built once for each
+// variant.
 #include "primitives/tint.h"
 
 #include "primitives/float_pixels.h"
@@ -53,6 +54,34 @@ int TintFloats(const float* src, int srcStep, float* dst, int dstStep, IppiSize 
     });
 }
 
+/// The product of alpha and fade stays below 2^24, so that a float holds it exactly.
+constexpr int kMostFade = 65536;
+
+template <AlphaAt kAlpha>
+int FadeBytes(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, IppiSize size,
+              int fade) {
+    constexpr int kShift = 8 * PlaceOf<kAlpha>(3);
+    const auto factor = static_cast<float>(fade);
+    return Map<kLanes>(src, srcStep, dst, dstStep, size, [factor](U8 pixels, U8) {
+        const F32 alpha = ToFloat((I32)((U32)pixels >> kShift & 255u));
+        const auto t = (U32)Min(ToInt(alpha * factor) >> 8, I32{} + 255);
+        const auto both = (U16)(t | t << 16);
+        const WideBytes wide = Widen(pixels);
+        const U16 product = wide.even * both >> 8 | (wide.odd * both & 0xFF00);
+        return (U8)(((U32)product & ~(255u << kShift)) | t << kShift);
+    });
+}
+
+template <AlphaAt kAlpha>
+int FadeFloats(const float* src, int srcStep, float* dst, int dstStep, IppiSize size, float fade) {
+    constexpr int kAlphaSample = PlaceOf<kAlpha>(3);
+    return Map<kLanes / 4>(src, srcStep, dst, dstStep, size, [fade](F32 pixels, F32) {
+        const F32 cut = Min(Max(pixels, F32{}), F32{} + 1.0f);
+        const F32 t = Spread<kAlphaSample>(cut) * fade * kByteScale;
+        return WithSample<kAlphaSample>(cut * t, t);
+    });
+}
+
 template <int kAlphaSample>
 int PremultiplyFloats(const float* src, int srcStep, float* dst, int dstStep, IppiSize size) {
     return Map<kLanes / 4>(src, srcStep, dst, dstStep, size, [](F32 pixels, F32 old) {
@@ -85,6 +114,22 @@ int TintFloats_C4R(const float* src, int srcStep, float* dst, int dstStep, IppiS
     return alpha == AlphaAt::kFirst
                ? TintFloats<AlphaAt::kFirst>(src, srcStep, dst, dstStep, size, color)
                : TintFloats<AlphaAt::kLast>(src, srcStep, dst, dstStep, size, color);
+}
+
+int FadeBytes_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                  IppiSize size, int fade, AlphaAt alpha) {
+    if (const int status = CheckImages({{src, srcStep, 4}, {dst, dstStep, 4}}, size)) return status;
+    if (fade < 0 || fade > kMostFade) return kStatusBadArgument;
+    return alpha == AlphaAt::kFirst
+               ? FadeBytes<AlphaAt::kFirst>(src, srcStep, dst, dstStep, size, fade)
+               : FadeBytes<AlphaAt::kLast>(src, srcStep, dst, dstStep, size, fade);
+}
+
+int FadeFloats_C4R(const float* src, int srcStep, float* dst, int dstStep, IppiSize size,
+                   float fade, AlphaAt alpha) {
+    return alpha == AlphaAt::kFirst
+               ? FadeFloats<AlphaAt::kFirst>(src, srcStep, dst, dstStep, size, fade)
+               : FadeFloats<AlphaAt::kLast>(src, srcStep, dst, dstStep, size, fade);
 }
 
 int PremultiplyBytes_A4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,

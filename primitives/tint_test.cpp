@@ -53,6 +53,39 @@ TEST(Tint, MatchesTheFormulas) {
                   kStatusBadArgument);
 }
 
+TEST(Tint, FadesAlphaAndColoursByIt) {
+    const auto cut = [](float x) { return x > 0.0f ? std::min(x, 1.0f) : 0.0f; };
+    for (const AlphaAt alpha : {AlphaAt::kFirst, AlphaAt::kLast})
+        for (const int fade : {0, 77, 255, 256, 1000, 65536}) {
+            const int place = alpha == AlphaAt::kFirst ? 0 : 3;
+            const auto by = [=](auto* faded, auto amount) {
+                return [=](auto... images) { return faded(images..., amount, alpha); };
+            };
+            ExpectPerPixel<std::uint8_t, std::uint8_t>(
+                "bytes", {4}, {4}, by(FadeBytes_C4R, fade),
+                [=](const std::uint8_t* from, std::uint8_t* to) {
+                    const int t = std::min(fade * from[place] >> 8, 255);
+                    for (int i = 0; i < 4; ++i)
+                        to[i] = static_cast<std::uint8_t>(i == place ? t : from[i] * t >> 8);
+                });
+            const auto amount = static_cast<float>(fade);
+            ExpectPerPixel<float, float>("floats", {4}, {4}, by(FadeFloats_C4R, amount),
+                                         [=](const float* from, float* to) {
+                                             const float t = cut(from[place]) * amount * kScale;
+                                             for (int i = 0; i < 4; ++i)
+                                                 to[i] = i == place ? t : cut(from[i]) * t;
+                                         });
+        }
+    const float wild[4] = {std::nanf(""), HUGE_VALF, -HUGE_VALF, 2};
+    float faded[4];
+    ASSERT_EQ(FadeFloats_C4R(wild, 16, faded, 16, {1, 1}, 255, AlphaAt::kLast), kStatusOk);
+    EXPECT_TRUE(faded[0] == 0 && faded[1] == faded[3] && faded[2] == 0 && faded[3] > 0);
+    std::uint8_t pixel[4] = {};
+    for (const int fade : {-1, 65537})
+        EXPECT_EQ(FadeBytes_C4R(pixel, 4, pixel, 4, {1, 1}, fade, AlphaAt::kLast),
+                  kStatusBadArgument);
+}
+
 TEST(Tint, MultipliesByAlpha) {
     ExpectPerPixel<std::uint8_t, std::uint8_t>(
         "bytes", {4}, {4}, PremultiplyBytes_A4R, [](const std::uint8_t* from, std::uint8_t* to) {

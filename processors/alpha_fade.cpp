@@ -1,13 +1,10 @@
 #include "processors/alpha_fade.h"
 
+#include "primitives/tint.h"
 #include "processors/pixels.h"
 
 namespace brushworks::Processors {
 namespace {
-
-float CutToUnit(float x) {
-    return x > 0.0f ? std::min(x, 1.0f) : 0.0f;
-}
 
 /// A fade from here on makes any alpha above 0 full.
 constexpr int kFullFade = 65536;
@@ -34,27 +31,17 @@ bool FadeFrames(const CFrame& src, const CFrame& dst, int fade) {
 template <class Pixel>
 bool CAlphaFade::Process(const Pixel* src, Pixel* dst, unsigned int width, unsigned int height,
                          int fade, int spanSrc, int spanDst) {
-    const IppiSize size = SizeOf(width, height);
-    const int byteFade = std::clamp(fade, 0, kFullFade);
+    const IppiSize size = SizeOf(width, height), row = {size.width, 1};
+    const int step = StepOf<Pixel>(size.width);
+    // Row by row, since any spans are served.
     for (std::ptrdiff_t y = 0; y < size.height; ++y) {
-        const Pixel* from = src + y * spanSrc;
-        Pixel* to = dst + y * spanDst;
-        for (int x = 0; x < size.width; ++x) {
-            const Pixel p = from[x];
-            if constexpr (std::is_same_v<ComponentOf<Pixel>, float>) {
-                const float t = CutToUnit(p.a) * static_cast<float>(fade) * kByteToFloat;
-                to[x].b = CutToUnit(p.b) * t;
-                to[x].g = CutToUnit(p.g) * t;
-                to[x].r = CutToUnit(p.r) * t;
-                to[x].a = t;
-            } else {
-                const int t = std::min(byteFade * p.a >> 8, 255);
-                to[x].b = static_cast<std::uint8_t>(p.b * t >> 8);
-                to[x].g = static_cast<std::uint8_t>(p.g * t >> 8);
-                to[x].r = static_cast<std::uint8_t>(p.r * t >> 8);
-                to[x].a = static_cast<std::uint8_t>(t);
-            }
-        }
+        const auto* from = Components(src + y * spanSrc);
+        auto* to = Components(dst + y * spanDst);
+        if constexpr (std::is_same_v<ComponentOf<Pixel>, float>)
+            FadeFloats_C4R(from, step, to, step, row, static_cast<float>(fade), kAlphaOf<Pixel>);
+        else
+            FadeBytes_C4R(from, step, to, step, row, std::clamp(fade, 0, kFullFade),
+                          kAlphaOf<Pixel>);
     }
     return true;
 }

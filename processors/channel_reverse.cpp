@@ -4,26 +4,6 @@
 #include "processors/region.h"
 
 namespace brushworks::Processors {
-namespace {
-
-/// Reverses rows of pixels of four samples; in place too.
-template <class Sample>
-void ReverseRows(const CFrame& src, const CFrame& dst) {
-    const IppiSize size = CommonSize(src, dst);
-    for (int y = 0; y < size.height; ++y) {
-        const Sample* from = RowOf<const Sample>(src, y);
-        Sample* to = RowOf<Sample>(dst, y);
-        for (int x = 0; x < size.width; ++x, from += 4, to += 4) {
-            const Sample s0 = from[0], s1 = from[1], s2 = from[2], s3 = from[3];
-            to[0] = s3;
-            to[1] = s2;
-            to[2] = s1;
-            to[3] = s0;
-        }
-    }
-}
-
-}  // namespace
 
 bool CChannelReverse::Process(CFrame* src, CFrame* dst) {
     if (!src || !dst || !src->m_pBuffer || !dst->m_pBuffer) return false;
@@ -38,12 +18,24 @@ bool CChannelReverse::Process8u(CFrame* src, CFrame* dst) {
         Process8u(dst, order);
         return true;
     }
-    ReverseRows<unsigned char>(*src, *dst);
+    ReverseBytes_C4R(src->m_pBuffer, src->m_nByteSpan, dst->m_pBuffer, dst->m_nByteSpan,
+                     CommonSize(*src, *dst));
     return true;
 }
 
 bool CChannelReverse::Process32f(CFrame* src, CFrame* dst) {
-    ReverseRows<float>(*src, *dst);
+    const IppiSize size = CommonSize(*src, *dst);
+    for (int y = 0; y < size.height; ++y) {
+        const float* from = RowOf<const float>(*src, y);
+        float* to = RowOf<float>(*dst, y);
+        for (int x = 0; x < size.width; ++x, from += 4, to += 4) {
+            const float s0 = from[0], s1 = from[1], s2 = from[2], s3 = from[3];
+            to[0] = s3;
+            to[1] = s2;
+            to[2] = s1;
+            to[3] = s0;
+        }
+    }
     return true;
 }
 

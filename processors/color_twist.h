@@ -26,7 +26,7 @@ class CColorTwist {
 
     /// Applies the matrix to the colours and copies alpha; float results are cut to 0..1, those of
     /// PixelFormatBGRA32f in the whole of `dst`. Formats without colours are copied. The frames may
-    /// be one. Always true: without scratch memory the formats with alpha first keep their colours.
+    /// be one. Always true; no scratch memory is asked for.
     bool Process(CFrame* src, CFrame* dst, float contrast, float brightness, float saturation,
                  float hue, unsigned int color, float colorAmount, MemoryAllocator& allocator);
     /// The same without a tint.

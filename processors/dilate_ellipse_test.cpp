@@ -2,7 +2,10 @@
 #include "processors/dilate_ellipse.h"
 
 #include <algorithm>
+#include <limits>
 
+#include "frames/memory_allocator.h"
+#include "frames/testing_host.h"
 #include "processors/testing.h"
 
 namespace brushworks {
@@ -51,6 +54,17 @@ TEST(DilateEllipse, RefusesMasksThatCannotBe) {
     EXPECT_FALSE(dilate.Process(&src, &dst, 0, 3, nullptr));
     EXPECT_FALSE(dilate.Process(&src, &dst, -3, -3, nullptr));
     EXPECT_FALSE(dilate.Process(&src, &plane, 3, 3, nullptr));
+    testing::CountingAllocator refusing;
+    refusing.refuseAfter = 0;
+    testing::TestHost host(&refusing);
+    MemoryAllocator allocator(&host);
+    EXPECT_FALSE(dilate.Process(&src, &dst, 3, 3, &allocator));
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    // No memory is as large; the sanitizers end the program where it is asked for.
+    constexpr int kMost = std::numeric_limits<int>::max();
+    EXPECT_FALSE(dilate.Process(&src, &dst, kMost, kMost, nullptr));
+#endif
+    EXPECT_TRUE(SamePixels(dst, before));
     src.m_pfPixelFormat = static_cast<PixelFormat>(2);
     EXPECT_TRUE(dilate.Process(&src, &dst, 3, 3, nullptr)) << "no dilation serves it";
     EXPECT_TRUE(SamePixels(dst, before));
