@@ -1,5 +1,6 @@
 // Times whole renders: every effect with its defaults and with every preset, through the library as
-// a host loads it, on a picture brought to 1920 by 1080. bench/effects runs this and prints a table.
+// a host loads it, on a picture brought to 1920 by 1080. bench/effects runs this and prints a
+// table.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

@@ -62,7 +62,7 @@ void Register(const std::string& name, std::int64_t bytes, const std::function<i
 
 void RegisterCopyOf(std::int64_t bytes) {
     const auto half = static_cast<std::size_t>(bytes / 2);
-    static std::vector<std::uint8_t> from, to;
+    static Samples<std::uint8_t> from, to;
     if (from.size() < half) {
         from.resize(half, 1);
         to.resize(half, 2);

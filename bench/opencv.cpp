@@ -13,7 +13,7 @@ using u16 = std::uint16_t;
 
 /// One of the common images as OpenCV sees it.
 template <class Sample, int Channels>
-cv::Mat View(std::vector<Sample>& image) {
+cv::Mat View(Samples<Sample>& image) {
     return cv::Mat(kFrame.height, kFrame.width, CV_MAKETYPE(cv::DataType<Sample>::depth, Channels),
                    image.data());
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -22,13 +23,28 @@ struct Operation {
     std::function<int()> run;
 };
 
+/// Starts at a cache line, as pictures do wherever speed matters.
+template <class Sample>
+struct AlignedAllocator {
+    using value_type = Sample;
+    static constexpr std::align_val_t kLine{64};
+    Sample* allocate(std::size_t n) {
+        return static_cast<Sample*>(::operator new(n * sizeof(Sample), kLine));
+    }
+    void deallocate(Sample* samples, std::size_t) { ::operator delete(samples, kLine); }
+    bool operator==(const AlignedAllocator&) const { return true; }
+};
+
+template <class Sample>
+using Samples = std::vector<Sample, AlignedAllocator<Sample>>;
+
 /// Three images of a sample type, with room for four channels; made and filled on first use.
 /// Float samples lie a little above 1: however often they are squared, they never become so small
 /// that the processor slows down.
 template <class Sample>
 struct Images {
     static constexpr std::size_t kSamples = std::size_t{4} * kFrame.width * kFrame.height;
-    std::vector<Sample> a, b, dst;
+    Samples<Sample> a, b, dst;
     static Images& Get();
 };
 

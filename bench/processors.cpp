@@ -8,7 +8,7 @@ namespace brushworks::bench {
 namespace {
 
 /// One of the common images as a frame.
-void Wrap(std::vector<std::uint8_t>& image, CFrame& frame) {
+void Wrap(auto& image, CFrame& frame) {
     frame.Init(image.data(), kFrame.width, kFrame.height, 4 * kFrame.width, 4, PixelFormatBGRA8,
                false);
 }

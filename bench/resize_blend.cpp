@@ -30,7 +30,7 @@ using namespace Processors;
 
 /// One of the common images as a frame.
 template <class Sample>
-void Wrap(CFrame& frame, std::vector<Sample>& image, PixelFormat format) {
+void Wrap(CFrame& frame, Samples<Sample>& image, PixelFormat format) {
     constexpr int kDepth = 4 * sizeof(Sample);
     frame.Init(reinterpret_cast<unsigned char*>(image.data()), kFrame.width, kFrame.height,
                kFrame.width * kDepth, kDepth, format, false);
@@ -115,9 +115,9 @@ void AddResizes(const std::string& name, Resize resize, std::vector<Operation>& 
 
 /// A picture of one colour with walls across it, so that a fill goes back and forth; each run fills
 /// it with the other of two colours.
-std::vector<u8>& Maze(bool walls) {
-    static std::vector<u8> mazes[2];
-    std::vector<u8>& maze = mazes[walls];
+Samples<u8>& Maze(bool walls) {
+    static Samples<u8> mazes[2];
+    Samples<u8>& maze = mazes[walls];
     if (maze.empty()) {
         maze.assign(std::size_t{3} * kFrame.width * kFrame.height, 10);
         for (int y = 20; walls && y < kFrame.height; y += 20)
@@ -128,7 +128,7 @@ std::vector<u8>& Maze(bool walls) {
 }
 
 int Fill(bool walls) {
-    std::vector<u8>& maze = Maze(walls);
+    Samples<u8>& maze = Maze(walls);
     static std::vector<u8> buffer = [] {
         int bytes = 0;
         ippiFloodFillGetSize(kFrame, &bytes);
@@ -210,7 +210,7 @@ std::vector<Operation> ResizeBlend() {
 namespace {
 
 template <class Sample>
-cv::Mat View(std::vector<Sample>& image, IppiSize size = kFrame, int channels = 4) {
+cv::Mat View(Samples<Sample>& image, IppiSize size = kFrame, int channels = 4) {
     return cv::Mat(size.height, size.width, CV_MAKETYPE(cv::DataType<Sample>::depth, channels),
                    image.data());
 }
