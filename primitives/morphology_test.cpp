@@ -151,6 +151,7 @@ TYPED_TEST(Morphology, TakesMasksOfAnyShapeAndSize) {
 
 TYPED_TEST(Morphology, TakesPicturesWiderThanItsStrips) {
     ExpectDilation<TypeParam>({2500, 5}, Ellipse({13, 5}));
+    ExpectDilation<TypeParam>({2500, 5}, Ellipse({5, 5}));
     ExpectDilation<TypeParam>({1100, 3}, Full({2301, 1}, {700, 0}));
 }
 
@@ -196,7 +197,8 @@ TEST(MorphologyOfFloats, HasItsRuleForWhatIsNoNumber) {
     std::minstd_rand engine(1);
     for (int y = 0; y < 5; ++y)
         for (int x = 0; x < 67; ++x) src.at(x, y) = odd[engine() % 8 & (x < 40 ? 7 : 5)];
-    for (const Mask& mask : {Full({1, 1}, {0, 0}), Full({2, 1}, {1, 0}), Ellipse({5, 3})})
+    for (const Mask& mask :
+         {Full({1, 1}, {0, 0}), Full({2, 1}, {1, 0}), Ellipse({5, 3}), Ellipse({9, 7})})
         ExpectDilation<Form<float, 1>>(src, mask, 67);
 }
 

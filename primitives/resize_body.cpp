@@ -53,24 +53,34 @@ struct Resizing {
     Sample* DestinationRow(int row) const { return Row(dst, dstStep, row); }
 };
 
-/// Where each destination pixel of a row finds its taps, in the work buffer.
+/// Where the destination pixels of a row, or of a part of it, find their taps.
 struct RowTaps {
-    std::int32_t* first;  // from the lowest tap of all
-    float* weights;
+    const std::uint32_t* first;  // in floats, as counted in the whole row
+    const float* weights;
+    int pixels;
     std::int64_t lowest, highest;
 };
 
-template <int Taps, class Call>
-RowTaps FindRowTaps(const Call& call, std::int32_t* first, float* weights) {
+template <int Taps, class Sample, int Channels>
+RowTaps FindRowTaps(const Resizing<Sample, Channels>& call, std::uint32_t* first, float* weights) {
     const int width = call.dstRoi.width;
     float scratch[kMostTaps];
     // Positions grow with x, so the ends have the lowest and the highest tap.
     const std::int64_t lowest = call.x.FirstTap(call.dstRoi.x, scratch);
     const std::int64_t last = call.x.FirstTap(call.dstRoi.x + width - 1, scratch);
     for (int x = 0; x < width; ++x)
-        first[x] = static_cast<std::int32_t>(
-            call.x.FirstTap(call.dstRoi.x + x, weights + std::ptrdiff_t{Taps} * x) - lowest);
-    return {first, weights, lowest, last + Taps - 1};
+        first[x] = static_cast<std::uint32_t>(
+            Channels *
+            (call.x.FirstTap(call.dstRoi.x + x, weights + std::ptrdiff_t{Taps} * x) - lowest));
+    return {first, weights, width, lowest, last + Taps - 1};
+}
+
+/// The taps of `pixels` pixels from x on.
+template <int Taps, int Channels>
+RowTaps PartOf(const RowTaps& row, int x, int pixels) {
+    const std::uint32_t* first = row.first + x;
+    return {first, row.weights + std::ptrdiff_t{Taps} * x, pixels, row.lowest + *first / Channels,
+            row.lowest + first[pixels - 1] / Channels + Taps - 1};
 }
 
 /// The source positions between the lowest and the highest tap: those inside, and how many repeats
@@ -114,85 +124,108 @@ const float* WidenRow(const Sample* row, const Window& window, float* to) {
     return to;
 }
 
+/// kLanes samples; bytes by the one instruction for it, of which the compiler makes several.
+inline F32 LoadLanes(const float* from) {
+    return Load<F32>(from);
+}
+inline F32 LoadLanes(const std::uint8_t* from) {
+#if defined(__AVX512BW__)
+    // The plain form makes this compiler warn of its own header.
+    return ToFloat((I32)_mm512_maskz_cvtepu8_epi32(0xFFFF, Load<__m128i>(from)));
+#elif defined(__AVX2__)
+    return ToFloat(
+        (I32)_mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(from))));
+#else
+    const U8 bytes = (U8)(U32{LoadPixel(from)});
+    return ToFloat((I32)ZipLow((U16)ZipLow(bytes, U8{}), U16{}));
+#endif
+}
+
 /// The same of sums along the column.
 template <int Taps, int Channels, class Sample>
 void SumRows(const Sample* const (&rows)[Taps], const float* weights, const Window& window,
-             float* __restrict to) {
-    float* __restrict middle = to + window.left * Channels;
-    const std::int64_t samples = window.pixels * Channels;
-    const Sample *r0 = rows[0] + window.first * Channels, *r1 = rows[1] + window.first * Channels;
-    if constexpr (Taps == 2) {
-        for (std::int64_t i = 0; i < samples; ++i)
-            middle[i] =
-                weights[0] * static_cast<float>(r0[i]) + weights[1] * static_cast<float>(r1[i]);
-    } else {
-        const Sample *r2 = rows[2] + window.first * Channels,
-                     *r3 = rows[3] + window.first * Channels,
-                     *r4 = rows[Taps - 2] + window.first * Channels,
-                     *r5 = rows[Taps - 1] + window.first * Channels;
-        const float w0 = weights[0], w1 = weights[1], w2 = weights[2], w3 = weights[3];
-        const float w4 = weights[Taps - 2], w5 = weights[Taps - 1];
-        for (std::int64_t i = 0; i < samples; ++i) {
-            float sum = w0 * static_cast<float>(r0[i]) + w1 * static_cast<float>(r1[i]) +
-                        w2 * static_cast<float>(r2[i]) + w3 * static_cast<float>(r3[i]);
-            if constexpr (Taps == 6)
-                sum = sum + w4 * static_cast<float>(r4[i]) + w5 * static_cast<float>(r5[i]);
-            middle[i] = sum;
-        }
+             float* to) {
+    const std::int64_t start = window.first * Channels, samples = window.pixels * Channels;
+    float* const middle = to + window.left * Channels;
+    F32 spread[Taps];
+    const Sample* from[Taps];
+    for (int k = 0; k < Taps; ++k) {
+        spread[k] = weights[k] - F32{};
+        from[k] = rows[k] + start;
+    }
+    const auto sumAt = [&](std::int64_t i) {
+        F32 sum = spread[0] * LoadLanes(from[0] + i);
+        for (int k = 1; k < Taps; ++k) sum += spread[k] * LoadLanes(from[k] + i);
+        Store(middle + i, sum);
+    };
+    std::int64_t i = 0;
+    for (; i + kLanes <= samples; i += kLanes) sumAt(i);
+    // The last vector takes back what it lacks; a narrow window has none.
+    if (i < samples && kLanes <= samples) {
+        sumAt(samples - kLanes);
+        i = samples;
+    }
+    for (; i < samples; ++i) {
+        float sum = weights[0] * static_cast<float>(from[0][i]);
+        for (int k = 1; k < Taps; ++k) sum += weights[k] * static_cast<float>(from[k][i]);
+        middle[i] = sum;
     }
     RepeatEdges<Channels>(window, to);
 }
 
 /// One row of sums along the row.
 template <int Channels, int Taps>
-void ResampleRow(const float* from, const RowTaps& taps, int width, float* __restrict to) {
+void ResampleRow(const float* from, const RowTaps& taps, float* __restrict to) {
     const float* w = taps.weights;
-    for (int x = 0; x < width; ++x, w += Taps) {
-        const float* first = from + std::ptrdiff_t{Channels} * taps.first[x];
+    const std::ptrdiff_t origin = *taps.first;
+#pragma GCC unroll 4
+    for (int x = 0; x < taps.pixels; ++x) {
+        const float* first = from + (std::ptrdiff_t{taps.first[x]} - origin);
         if constexpr (Channels == 4) {
             Pixel32f sum = w[0] * Load<Pixel32f>(first);
             for (int k = 1; k < Taps; ++k) sum += w[k] * Load<Pixel32f>(first + 4 * k);
-            Store(to + std::ptrdiff_t{4} * x, sum);
+            Store(to, sum);
         } else {
-            float sum = w[0] * first[0];
-            for (int k = 1; k < Taps; ++k) sum += w[k] * first[k];
-            to[x] = sum;
+            *to = w[0] * first[0];
+            for (int k = 1; k < Taps; ++k) *to += w[k] * first[k];
         }
+        to += Channels;
+        w += Taps;
     }
 }
 
 template <int Taps>
-inline F32 SumDown(const float* const (&rows)[Taps], const float* weights, std::ptrdiff_t i) {
+inline F32 SumDown(const float* const (&rows)[Taps], const F32 (&weights)[Taps], std::ptrdiff_t i) {
     F32 sum = weights[0] * Load<F32>(rows[0] + i);
     for (int k = 1; k < Taps; ++k) sum += weights[k] * Load<F32>(rows[k] + i);
     return sum;
 }
 
-/// The sums along the column; rows have slack behind them.
-template <int Taps>
-void CombineRows(const float* const (&rows)[Taps], const float* weights, std::ptrdiff_t samples,
-                 std::uint8_t* to) {
-    for (std::ptrdiff_t i = 0; i < samples; i += kVectorBytes) {
-        const auto lanes = [&](int part) {
-            return R8(SumDown<Taps>(rows, weights, i + std::ptrdiff_t{part} * kLanes));
-        };
-        const U8 bytes = NarrowToBytes(lanes(0), lanes(1), lanes(2), lanes(3));
-        if (i + kVectorBytes <= samples)
-            Store(to + i, bytes);
-        else
-            std::memcpy(to + i, &bytes, static_cast<std::size_t>(samples - i));
-    }
+/// Vectors of samples from sums, `at(i)` being those of lane i on.
+template <class At>
+inline U8 SamplesAt(const std::uint8_t*, std::ptrdiff_t i, At at) {
+    return NarrowToBytes(R8(at(i)), R8(at(i + kLanes)), R8(at(i + 2 * kLanes)),
+                         R8(at(i + 3 * kLanes)));
 }
-template <int Taps>
+template <class At>
+inline F32 SamplesAt(const float*, std::ptrdiff_t i, At at) {
+    return at(i);
+}
+
+/// The sums along the column; rows have slack behind them. The last ones stand apart: kept in the
+/// loop they cost a store to the stack for each vector.
+template <int Taps, class Sample>
 void CombineRows(const float* const (&rows)[Taps], const float* weights, std::ptrdiff_t samples,
-                 float* to) {
-    for (std::ptrdiff_t i = 0; i < samples; i += kLanes) {
-        const F32 sum = SumDown<Taps>(rows, weights, i);
-        if (i + kLanes <= samples)
-            Store(to + i, sum);
-        else
-            std::memcpy(to + i, &sum, static_cast<std::size_t>(samples - i) * sizeof(float));
-    }
+                 Sample* to) {
+    constexpr std::ptrdiff_t kStep = kVectorBytes / std::ptrdiff_t{sizeof(Sample)};
+    F32 spread[Taps];
+    for (int k = 0; k < Taps; ++k) spread[k] = weights[k] - F32{};
+    const auto at = [&](std::ptrdiff_t i) { return SumDown<Taps>(rows, spread, i); };
+    std::ptrdiff_t i = 0;
+    for (; i + kStep <= samples; i += kStep) Store(to + i, SamplesAt(to, i, at));
+    if (i == samples) return;
+    const auto last = SamplesAt(to, i, at);
+    std::memcpy(to + i, &last, static_cast<std::size_t>(samples - i) * sizeof(Sample));
 }
 
 /// Along the row first: the sums of a source row serve all destination rows that need it.
@@ -215,7 +248,7 @@ void ResizeRowsFirst(const Resizing<Sample, Channels>& call, const BufferPlan& p
             auto* sums = reinterpret_cast<float*>(buffer + plan.rows + slot * plan.rowBytes);
             if (held[slot] != row) {
                 ResampleRow<Channels, Taps>(WidenRow<Channels>(call.SourceRow(row), window, source),
-                                            taps, width, sums);
+                                            taps, sums);
                 held[slot] = row;
             }
             rows[k] = sums;
@@ -224,13 +257,15 @@ void ResizeRowsFirst(const Resizing<Sample, Channels>& call, const BufferPlan& p
     }
 }
 
+/// Pixels that are summed along the column and then along the row at a time: so few that the sums
+/// in between stay in the nearest cache.
+constexpr int kPartPixels = 128;
+
 /// Along the column first: fewer sums along the row, which are the dearer ones, where the
 /// destination has fewer rows than the source.
 template <int Taps, class Sample, int Channels>
 void ResizeColumnsFirst(const Resizing<Sample, Channels>& call, const BufferPlan& plan,
                         const RowTaps& taps, std::uint8_t* buffer) {
-    const int width = call.dstRoi.width;
-    const Window window(call, taps);
     auto* source = reinterpret_cast<float*>(buffer + plan.source);
     auto* sums = reinterpret_cast<float*>(buffer + plan.rows);
     for (int y = 0; y < call.dstRoi.height; ++y) {
@@ -238,14 +273,18 @@ void ResizeColumnsFirst(const Resizing<Sample, Channels>& call, const BufferPlan
         const std::int64_t first = call.y.FirstTap(call.dstRoi.y + y, weights);
         const Sample* rows[Taps];
         for (int k = 0; k < Taps; ++k) rows[k] = call.SourceRow(call.y.Inside(first + k));
-        SumRows<Taps, Channels>(rows, weights, window, source);
         Sample* to = call.DestinationRow(y);
-        if constexpr (std::is_same_v<Sample, float>) {
-            ResampleRow<Channels, Taps>(source, taps, width, to);
-        } else {
-            ResampleRow<Channels, Taps>(source, taps, width, sums);
-            constexpr float kWhole[] = {1.0f};
-            CombineRows<1>({sums}, kWhole, std::ptrdiff_t{Channels} * width, to);
+        for (int x = 0; x < taps.pixels; x += kPartPixels, to += Channels * kPartPixels) {
+            const int rest = taps.pixels - x, pixels = rest < kPartPixels ? rest : kPartPixels;
+            const RowTaps part = PartOf<Taps, Channels>(taps, x, pixels);
+            SumRows<Taps, Channels>(rows, weights, Window(call, part), source);
+            if constexpr (std::is_same_v<Sample, float>) {
+                ResampleRow<Channels, Taps>(source, part, to);
+            } else {
+                ResampleRow<Channels, Taps>(source, part, sums);
+                constexpr float kWhole[] = {1.0f};
+                CombineRows<1>({sums}, kWhole, std::ptrdiff_t{Channels} * pixels, to);
+            }
         }
     }
 }
@@ -253,7 +292,7 @@ void ResizeColumnsFirst(const Resizing<Sample, Channels>& call, const BufferPlan
 template <int Taps, class Sample, int Channels>
 void ResizeSmoothly(const Resizing<Sample, Channels>& call, const BufferPlan& plan,
                     std::uint8_t* buffer) {
-    const RowTaps taps = FindRowTaps<Taps>(call, reinterpret_cast<std::int32_t*>(buffer),
+    const RowTaps taps = FindRowTaps<Taps>(call, reinterpret_cast<std::uint32_t*>(buffer),
                                            reinterpret_cast<float*>(buffer + plan.weights));
     if (call.y.factor < 1)
         ResizeColumnsFirst<Taps>(call, plan, taps, buffer);
@@ -261,27 +300,46 @@ void ResizeSmoothly(const Resizing<Sample, Channels>& call, const BufferPlan& pl
         ResizeRowsFirst<Taps>(call, plan, taps, buffer);
 }
 
+/// Copies the pixels at these columns. Rows are left out between one and the next, which hides the
+/// next from the processor's own foresight; so it is asked for here.
+template <int Channels, class Sample>
+void PickPixels(const Sample* from, const std::uint32_t* columns, int width, const Sample* next,
+                Sample* to) {
+    const auto pick = [&](int x) {
+        std::memcpy(to + std::ptrdiff_t{Channels} * x, from + std::ptrdiff_t{Channels} * columns[x],
+                    sizeof(Sample) * Channels);
+    };
+    constexpr int kBlock = 64 / (Channels * int{sizeof(Sample)});  // a cache line
+    int x = 0;
+    for (; x + kBlock <= width; x += kBlock) {
+        __builtin_prefetch(next + std::ptrdiff_t{Channels} * columns[x]);
+#pragma GCC unroll 16
+        for (int i = 0; i < kBlock; ++i) pick(x + i);
+    }
+    for (; x < width; ++x) pick(x);
+}
+
 template <class Sample, int Channels>
 void ResizeNearest(const Resizing<Sample, Channels>& call, std::uint8_t* buffer) {
     const int width = call.dstRoi.width;
-    auto* column = reinterpret_cast<std::int32_t*>(buffer);
+    auto* column = reinterpret_cast<std::uint32_t*>(buffer);
     float weight;
     for (int x = 0; x < width; ++x)
-        column[x] = static_cast<std::int32_t>(
+        column[x] = static_cast<std::uint32_t>(
             call.x.Inside(call.x.FirstTap(call.dstRoi.x + x, &weight)) - call.x.lowest);
-    std::int64_t held = INT64_MIN;
+    const auto rowOf = [&](int y) {
+        return call.y.Inside(call.y.FirstTap(call.dstRoi.y + y, &weight));
+    };
+    std::int64_t held = INT64_MIN, row = rowOf(0);
     for (int y = 0; y < call.dstRoi.height; ++y) {
-        const std::int64_t row = call.y.Inside(call.y.FirstTap(call.dstRoi.y + y, &weight));
+        const std::int64_t nextRow = y + 1 < call.dstRoi.height ? rowOf(y + 1) : row;
         Sample* to = call.DestinationRow(y);
-        if (row == held) {
+        if (row == held)
             std::memcpy(to, call.DestinationRow(y - 1), sizeof(Sample) * Channels * width);
-            continue;
-        }
+        else
+            PickPixels<Channels>(call.SourceRow(row), column, width, call.SourceRow(nextRow), to);
         held = row;
-        const Sample* from = call.SourceRow(row);
-        for (int x = 0; x < width; ++x)
-            std::memcpy(to + std::ptrdiff_t{Channels} * x,
-                        from + std::ptrdiff_t{Channels} * column[x], sizeof(Sample) * Channels);
+        row = nextRow;
     }
 }
 
@@ -291,7 +349,8 @@ bool IsHalving(const ResizeAxis& axis, std::int32_t start, std::int32_t length) 
            2 * (std::int64_t{start} + length) - 1 <= axis.highest;
 }
 
-void ResizeToHalf(const Resizing<std::uint8_t, 4>& call, bool nearest) {
+template <class Sample>
+void ResizeToHalf(const Resizing<Sample, 4>& call, bool nearest) {
     const std::int64_t left = 2 * std::int64_t{call.dstRoi.x} - call.x.lowest;
     for (int y = 0; y < call.dstRoi.height; ++y) {
         const std::int64_t row = 2 * (std::int64_t{call.dstRoi.y} + y);
@@ -354,7 +413,7 @@ int Resize(const Sample* src, IppiSize srcSize, int srcStep, IppiRect srcRoi, Sa
         dstRoi,
         {xFactor, xShift, interpolation, columns.lowest, columns.highest},
         {yFactor, yShift, interpolation, rows.lowest, rows.highest}};
-    if constexpr (std::is_same_v<Sample, std::uint8_t> && Channels == 4)
+    if constexpr (Channels == 4)
         if (interpolation <= kResizeLinear && IsHalving(call.x, dstRoi.x, dstRoi.width) &&
             IsHalving(call.y, dstRoi.y, dstRoi.height)) {
             ResizeToHalf(call, interpolation == kResizeNearest);

@@ -1,6 +1,6 @@
-// The commonest resize, down to exactly half by nearest or linear, on four channels of bytes: every
-// destination pixel then takes one of four source pixels, or their mean, which integers give to the
-// same bytes as the general way.
+// The commonest resize, down to exactly half by nearest or linear, on four channels: every
+// destination pixel then takes one of four source pixels, or their mean. Of bytes integers give it
+// to the same bytes as the general way; of floats the same sums, without a row of them in between.
 #pragma once
 
 #include "primitives/pixel_lanes.h"
@@ -47,6 +47,16 @@ inline void HalveRows(const std::uint8_t* upper, const std::uint8_t* lower, int 
     std::memcpy(below, lower + 8 * x, 2 * rest);
     const U8 last = halve(above, below);
     std::memcpy(to + 4 * x, &last, rest);
+}
+
+inline void HalveRows(const float* upper, const float* lower, int width, bool nearest, float* to) {
+    using Pixel [[gnu::vector_size(16)]] = float;
+    for (int x = 0; x < width; ++x, upper += 8, lower += 8, to += 4) {
+        const auto column = [&](int i) {
+            return 0.5f * Load<Pixel>(upper + i) + 0.5f * Load<Pixel>(lower + i);
+        };
+        Store(to, nearest ? Load<Pixel>(lower + 4) : 0.5f * column(0) + 0.5f * column(4));
+    }
 }
 
 }  // namespace

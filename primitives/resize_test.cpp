@@ -140,6 +140,7 @@ TEST(Resize, MatchesTheDefinition) {
         {{1, 1}, {0, 0, 1, 1}, {19, 3}, {19, 3}},
         {{64, 5}, {1, 1, 62, 3}, {1, 1}, {0.01, 0.3}},
         {{7, 300}, {0, 0, 7, 300}, {70, 3}, {10, 0.01}},
+        {{400, 9}, {2, 0, 395, 9}, {277, 6}, {0.7, 0.7}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(::testing::Message() << c.src.width << " to " << c.dst.width);
@@ -185,23 +186,29 @@ TEST(Resize, PiecesMakeTheWholePicture) {
     }
 }
 
-// Four channels of bytes have a way of their own to one half; one channel has not.
+// Four channels have a way of their own to one half; one channel has not.
+template <class Sample>
+void ExpectHalvesAlike(int width, int interpolation) {
+    const IppiSize wide = {2 * width + 3, 11};
+    GuardedImage<Sample> src(wide, 4), dst({width, 5}, 4);
+    GuardedImage<Sample> plane(wide, 1), half({width, 5}, 1);
+    src.Randomize(1);
+    for (int y = 0; y < wide.height; ++y)  // many sums end on ties
+        for (int x = 0; x < wide.width; ++x) plane.at(x, y) = src.at(x, y, 2);
+    const IppiRect roi = {1, 1, 2 * width, 10}, to = {0, 0, width, 5};
+    ASSERT_EQ(Resize(src, roi, dst, to, {0.5, 0.5}, interpolation), kStatusOk);
+    ASSERT_EQ(Resize(plane, roi, half, to, {0.5, 0.5}, interpolation), kStatusOk);
+    for (int y = 0; y < 5; ++y)
+        for (int x = 0; x < width; ++x) ASSERT_EQ(dst.at(x, y, 2), half.at(x, y));
+    EXPECT_TRUE(dst.GuardsIntact());
+}
+
 TEST(Resize, HalvesAsTheGeneralWayDoes) {
     testing::ForEachVariant([](Variant) {
         for (const int width : {1, 2, 3, 7, 16, 17, 40})
             for (const int interpolation : {kResizeNearest, kResizeLinear}) {
-                const IppiSize wide = {2 * width + 3, 11};
-                GuardedImage<std::uint8_t> src(wide, 4), dst({width, 5}, 4);
-                GuardedImage<std::uint8_t> plane(wide, 1), half({width, 5}, 1);
-                src.Randomize(1);
-                for (int y = 0; y < wide.height; ++y)  // many sums end on ties
-                    for (int x = 0; x < wide.width; ++x) plane.at(x, y) = src.at(x, y, 2);
-                const IppiRect roi = {1, 1, 2 * width, 10}, to = {0, 0, width, 5};
-                ASSERT_EQ(Resize(src, roi, dst, to, {0.5, 0.5}, interpolation), kStatusOk);
-                ASSERT_EQ(Resize(plane, roi, half, to, {0.5, 0.5}, interpolation), kStatusOk);
-                for (int y = 0; y < 5; ++y)
-                    for (int x = 0; x < width; ++x) ASSERT_EQ(dst.at(x, y, 2), half.at(x, y));
-                EXPECT_TRUE(dst.GuardsIntact());
+                ExpectHalvesAlike<std::uint8_t>(width, interpolation);
+                ExpectHalvesAlike<float>(width, interpolation);
             }
     });
 }

