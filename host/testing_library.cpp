@@ -1,9 +1,11 @@
-// A library of one effect that does what no effect of the real one does on demand: it fails, it
-// takes its time, and it has a point. Tests load it in place of the real library.
+// A library of effects that do what no effect of the real one does on demand: they fail, they take
+// their time, they have odd names, and a point. Tests load it in place of the real library.
 #include <unistd.h>
 
 #include <atomic>
 #include <cstdio>
+#include <cstring>
+#include <vector>
 
 #include "brushworks/library.h"
 
@@ -31,18 +33,57 @@ class Counted : public Face {
     std::atomic<std::uint32_t> m_nReferences = 1;
 };
 
-class StubbornEffect final : public Counted<IVideoEffect> {
+/// What an effect does to a picture: the options of its first parameter.
+enum Mood { kRefuse, kSleep, kCopy, kMoods };
+constexpr const char* kMoodNames[kMoods] = {"Refuse", "Sleep", "Copy"};
+
+struct MoodyPreset {
+    const char* name;
+    Mood mood;
+};
+
+struct MoodyTables {
+    const char* name;
+    Mood mood;  ///< by default
+    std::vector<MoodyPreset> presets;
+};
+
+const std::vector<MoodyTables>& effectTables() {
+    static const std::vector<MoodyTables> tables = {
+        {"Stubborn Brush", kRefuse, {}},
+        {"Odd <i>&</i> Brush",
+         kCopy,
+         {{"\"Quoted\" & <b>bold</b>", kCopy}, {"It's $HOME", kCopy}, {"it s home", kCopy}}},
+        {"Fickle Brush", kCopy, {{"Never", kRefuse}}},
+        {"Sleepy Brush", kSleep, {}},
+    };
+    return tables;
+}
+
+void copyPicture(const FrameParams& from, const FrameParams& to) {
+    for (int y = 0; y < to.nHeight; ++y) {
+        std::memcpy(to.pBuffer + static_cast<std::ptrdiff_t>(y) * to.nByteSpan,
+                    from.pBuffer + static_cast<std::ptrdiff_t>(y) * from.nByteSpan,
+                    static_cast<std::size_t>(to.nWidth) * to.nDepth);
+    }
+}
+
+class MoodyEffect final : public Counted<IVideoEffect> {
   public:
-    const char* GetName() override { return "Stubborn Brush"; }
+    explicit MoodyEffect(const MoodyTables& tables) : m_tables(tables) {}
+
+    const char* GetName() override { return m_tables.name; }
     unsigned int GetCaps() override { return 0; }
     bool EnumParam(unsigned int index, EffectParamSetup* setup) override {
         if (index > 1) return false;
         if (index == 0) {
             setup->nType = kParamList;
-            setup->nOptionCount = 2;
+            setup->nOptionCount = kMoods;
+            setup->defaultValue.index = m_tables.mood;
             std::snprintf(setup->szName, sizeof setup->szName, "Mood");
-            std::snprintf(setup->szOptions[0], sizeof setup->szOptions[0], "Refuse");
-            std::snprintf(setup->szOptions[1], sizeof setup->szOptions[1], "Sleep");
+            for (int i = 0; i < kMoods; ++i) {
+                std::snprintf(setup->szOptions[i], sizeof setup->szOptions[i], "%s", kMoodNames[i]);
+            }
         } else {
             setup->nType = kParamPoint;
             setup->defaultValue.point = {0.5F, 0.25F};
@@ -50,21 +91,37 @@ class StubbornEffect final : public Counted<IVideoEffect> {
         }
         return true;
     }
-    bool Render(IVideoHost* host, FrameParams*, FrameParams*, FrameParams*, RenderInfo*) override {
+    bool Render(IVideoHost* host, FrameParams* source, FrameParams* /*second*/,
+                FrameParams* destination, RenderInfo* /*info*/) override {
         EffectParam mood;
         host->GetParam(0, &mood, kParamList);
-        if (mood.index == 1) sleep(kSleepSeconds);
-        return false;
+        if (mood.index == kSleep) sleep(kSleepSeconds);
+        if (mood.index != kCopy) return false;
+        copyPicture(*source, *destination);
+        return true;
     }
-    const char* EnumPreset(unsigned int) override { return nullptr; }
-    bool EnumPresetData(unsigned int, unsigned int, EffectParam*) override { return false; }
+    const char* EnumPreset(unsigned int index) override {
+        return index < m_tables.presets.size() ? m_tables.presets[index].name : nullptr;
+    }
+    bool EnumPresetData(unsigned int preset, unsigned int param, EffectParam* value) override {
+        if (preset >= m_tables.presets.size() || param > 1) return false;
+        if (param == 0) {
+            value->index = m_tables.presets[preset].mood;
+        } else {
+            value->point = {0.75F, 0.5F};
+        }
+        return true;
+    }
+
+  private:
+    const MoodyTables& m_tables;
 };
 
 class StubbornLibrary final : public Counted<IEffectLibrary> {
   public:
     const char* GetName() override { return "Stubborn"; }
     IVideoEffect* CreateEffect(unsigned int index) override {
-        return index == 0 ? new StubbornEffect : nullptr;
+        return index < effectTables().size() ? new MoodyEffect(effectTables()[index]) : nullptr;
     }
     bool OpenHelp(OpaqueWindowPtr*, unsigned int) override { return false; }
     IUnknown* GetActivationManager() override { return nullptr; }

@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "host/effect.h"
 #include "media/orientation.h"
 #include "media/raster.h"
+#include "render_frame.h"
 
 namespace brushworks::tools {
 
@@ -21,9 +21,7 @@ struct PaintSettings {
     int recordedHeight = 0;
     media::Orientation orientation;
     media::Raster output;
-    AVRational pixelAspect = {0, 1};  ///< width of a pixel over its height, 0/1 where not known
-    std::int32_t seed = 0;            ///< of the first frame; each further frame adds 1
-    bool fields = false;              ///< render the two fields of a frame each for itself
+    RenderSettings render;  ///< with the seed of the first frame; each further frame adds 1
 };
 
 /// One worker, with an effect object of its own. [one thread at a time]

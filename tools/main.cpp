@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "describe_command.h"
+#include "gallery_command.h"
 #include "host/error.h"
 #include "host/library.h"
 #include "media/error.h"
@@ -72,6 +73,35 @@ void addPaint(CLI::App& app) {
     paint->callback([=] { tools::paint(loadLibrary(), *options); });
 }
 
+void addGallery(CLI::App& app) {
+    CLI::App* gallery = app.add_subcommand(
+        "gallery", "Show every effect and preset on a picture: a folder with a page to open");
+    const auto options = std::make_shared<tools::GalleryOptions>();
+    gallery->add_option("INPUT", options->input, "Picture to paint; of a video the first frame")
+        ->required();
+    gallery
+        ->add_option("-o,--output", options->output,
+                     "Folder to write; it must be new, empty or an older gallery")
+        ->type_name("FOLDER")
+        ->required();
+    gallery
+        ->add_option("-e,--effect", options->effects,
+                     "Show this effect alone, by id, display name or index; may be given again")
+        ->allow_extra_args(false);
+    gallery
+        ->add_option("--width", options->width,
+                     "Reduce wider pictures to this width before they are painted; strokes grow "
+                     "with the height of a picture, so the look stays")
+        ->check(CLI::Range(16, 16384))
+        ->capture_default_str();
+    gallery
+        ->add_option("-j,--jobs", options->jobs, "Pictures to paint at once (default: all cores)")
+        ->check(CLI::Range(1, kMostJobs));
+    gallery->add_flag("-f,--force", options->force, "Replace an older gallery");
+    gallery->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
+    gallery->callback([=] { tools::gallery(loadLibrary(), *options); });
+}
+
 int fail(const std::exception& error, int status) {
     std::fprintf(stderr, "brushworks: %s\n", error.what());
     return status;
@@ -84,6 +114,7 @@ int run(int count, char** arguments) {
     addList(app);
     addInfo(app);
     addPaint(app);
+    addGallery(app);
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.

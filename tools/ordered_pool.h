@@ -44,8 +44,7 @@ class OrderedPool {
     bool empty() const { return m_order.empty(); }
 
     void submit(In in) {
-        auto job = std::make_shared<Job>();
-        job->in = std::move(in);
+        auto job = std::make_shared<Job>(std::move(in));
         m_order.push_back(job);
         {
             const std::lock_guard lock(m_mutex);
@@ -66,6 +65,7 @@ class OrderedPool {
 
   private:
     struct Job {
+        explicit Job(In work) : in(std::move(work)) {}
         In in;
         std::optional<Out> out;
         std::exception_ptr error;

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
+
+#include "unfinished.h"
 
 namespace brushworks::tools {
 
@@ -14,21 +17,15 @@ class OutputFile {
     /// Throws std::runtime_error when there is such a file and `replace` is false, or when the
     /// folder takes no file.
     OutputFile(const std::string& path, bool replace);
-    ~OutputFile();
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
 
-    const std::string& temporaryPath() const { return m_sTemporary; }
+    const std::string& temporaryPath() const { return m_unfinished->path(); }
     /// Gives the file its name, on disk and whole.
     void commit();
 
   private:
-    void createTemporary();
-
     std::filesystem::path m_path;
-    std::string m_sTemporary;
     bool m_bReplace;
-    bool m_bPending = false;
+    std::optional<Unfinished> m_unfinished;
 };
 
 }  // namespace brushworks::tools

@@ -1,19 +1,18 @@
 // Puts the pieces together: reader, painters on their threads, writer.
 #include "paint_command.h"
 
-#include <sched.h>
-
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 
 #include "frame_painter.h"
 #include "host/error.h"
+#include "job_count.h"
 #include "media/log.h"
 #include "media/output_format.h"
 #include "media/reader.h"
 #include "media/writer.h"
+#include "notes.h"
 #include "ordered_pool.h"
 #include "output_file.h"
 #include "progress.h"
@@ -51,15 +50,6 @@ void checkKinds(const media::Reader& reader, const media::OutputFormat& format,
         "; its output must end in one of " + media::extensionList(reader.isPicture()));
 }
 
-int jobCount(const PaintOptions& options, bool picture) {
-    if (picture) return 1;
-    if (options.jobs > 0) return options.jobs;
-    cpu_set_t allowed;
-    CPU_ZERO(&allowed);
-    if (sched_getaffinity(0, sizeof allowed, &allowed) != 0) return 1;
-    return std::max(1, CPU_COUNT(&allowed));
-}
-
 PaintSettings paintSettings(const PaintOptions& options, const media::OutputFormat& format,
                             const media::Reader& reader, const AVFrame& first) {
     PaintSettings settings;
@@ -74,9 +64,7 @@ PaintSettings paintSettings(const PaintOptions& options, const media::OutputForm
         if (aspect.num > 0) std::swap(aspect.num, aspect.den);
     }
     settings.output = media::outputRaster(format, media::rasterOf(first), width, height);
-    settings.pixelAspect = aspect;
-    settings.seed = options.seed;
-    settings.fields = options.fields;
+    settings.render = {aspect, options.seed, options.fields};
     return settings;
 }
 
@@ -87,7 +75,7 @@ media::VideoSettings videoSettings(const PaintSettings& paint, const media::Read
     settings.raster = paint.output;
     settings.timeBase = reader.timeBase();
     settings.frameRate = reader.frameRate();
-    settings.pixelAspect = paint.pixelAspect;
+    settings.pixelAspect = paint.render.pixelAspect;
     settings.primaries = first.color_primaries;
     settings.transfer = first.color_trc;
     // What was open in the input stays open, unless the matrix is one that we chose.
@@ -98,17 +86,6 @@ media::VideoSettings videoSettings(const PaintSettings& paint, const media::Read
     settings.streamMetadata = reader.video().metadata;
     return settings;
 }
-
-class Notes {
-  public:
-    explicit Notes(bool quiet) : m_bQuiet(quiet) {}
-    void operator()(const std::string& text) const {
-        if (!m_bQuiet) std::fprintf(stderr, "brushworks: note: %s\n", text.c_str());
-    }
-
-  private:
-    bool m_bQuiet;
-};
 
 void tellLosses(const Notes& note, const media::Reader& reader, const media::OutputFormat& format,
                 const PaintSettings& settings, const AVFrame& first) {
@@ -170,8 +147,8 @@ void paint(const host::Library& library, const PaintOptions& options) {
 
     media::Writer writer(file.temporaryPath(), format, videoSettings(settings, reader, *first),
                          reader.copiedStreams());
-    const int jobs = jobCount(options, format.picture);
-    Progress progress(reader.expectedFrames(), options.quiet || format.picture);
+    const int jobs = format.picture ? 1 : jobCount(options.jobs);
+    Progress progress(reader.expectedFrames(), {"frames", "fps"}, options.quiet || format.picture);
     Pool pool(makeWorkers(effect, settings, jobs), static_cast<std::size_t>(jobs) * 2);
     paintFrames(reader, std::move(first), pool, writer, progress);
     writer.finish();

@@ -29,8 +29,8 @@ std::string timeText(double seconds) {
 
 }  // namespace
 
-Progress::Progress(std::int64_t total, bool quiet)
-    : m_nTotal(total), m_bShown(!quiet && isatty(STDERR_FILENO) != 0) {}
+Progress::Progress(std::int64_t total, ProgressWords words, bool quiet)
+    : m_nTotal(total), m_words(words), m_bShown(!quiet && isatty(STDERR_FILENO) != 0) {}
 
 Progress::~Progress() {
     if (m_bShown) std::fputs(kClearLine, stderr);
@@ -49,8 +49,8 @@ void Progress::draw(Clock::time_point now) const {
     const double seconds = std::chrono::duration<double>(now - m_start).count();
     const double rate = seconds > 0 ? static_cast<double>(m_nDone) / seconds : 0;
     if (m_nTotal <= 0) {
-        std::fprintf(stderr, "%s%lld frames, %.1f fps", kClearLine, static_cast<long long>(m_nDone),
-                     rate);
+        std::fprintf(stderr, "%s%lld %s, %.1f %s", kClearLine, static_cast<long long>(m_nDone),
+                     m_words.things, rate, m_words.rate);
         return;
     }
     // The expected number may be an estimate.
@@ -59,9 +59,10 @@ void Progress::draw(Clock::time_point now) const {
     std::string bar(static_cast<std::size_t>(share * kBarWidth), '#');
     bar.resize(kBarWidth, '.');
     const double left = rate > 0 ? static_cast<double>(total - m_nDone) / rate : 0;
-    std::fprintf(stderr, "%s[%s] %3.0f%%  %lld of %lld frames, %.1f fps, %s left", kClearLine,
+    std::fprintf(stderr, "%s[%s] %3.0f%%  %lld of %lld %s, %.1f %s, %s left", kClearLine,
                  bar.c_str(), share * 100, static_cast<long long>(m_nDone),
-                 static_cast<long long>(total), rate, timeText(left).c_str());
+                 static_cast<long long>(total), m_words.things, rate, m_words.rate,
+                 timeText(left).c_str());
 }
 
 }  // namespace brushworks::tools

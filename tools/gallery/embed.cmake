@@ -1,0 +1,11 @@
+# Writes the files of the page as C++ constants: cmake -DFOLDER=... -DOUTPUT=... -P embed.cmake
+set(text "// Made from tools/gallery by embed.cmake.\n#include \"gallery_texts.h\"\n\nnamespace brushworks::tools {\n")
+foreach(part IN ITEMS "kGalleryPage page.html" "kGalleryStyle style.css" "kGalleryScript script.js")
+  string(REPLACE " " ";" part "${part}")
+  list(GET part 0 constant)
+  list(GET part 1 file)
+  file(READ "${FOLDER}/${file}" content)
+  string(APPEND text "\nconst std::string_view ${constant} = R\"~~(${content})~~\";\n")
+endforeach()
+string(APPEND text "\n}  // namespace brushworks::tools\n")
+file(WRITE "${OUTPUT}" "${text}")
