@@ -29,6 +29,7 @@ struct GoldenEffect {
 };
 constexpr GoldenEffect kEffects[] = {
     {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
+    {4, "impressionist", {"Abstract", "Dark Murk", "Electrified Hair"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},

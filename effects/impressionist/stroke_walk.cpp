@@ -1,0 +1,100 @@
+#include "effects/impressionist/stroke_walk.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "frames/truncate.h"
+
+namespace brushworks {
+namespace {
+
+/// `value` after `times` additions of `step`, each rounded: what a loop would give, in a few steps
+/// for each power of two on the way. Between two powers of two all sums are rounded by the same
+/// amount, but for ties, of which the first leads to an even number and the others all go alike.
+float AddRepeatedly(float value, float step, std::int64_t times) {
+    while (times > 0) {
+        const float first = value + step, second = first + step, third = second + step;
+        if (!(first < value) && !(first > value)) return value;
+        --times;
+        value = first;
+        const double stride = static_cast<double>(second) - first;
+        const int exponent = std::ilogb(first);
+        if (stride != static_cast<double>(third) - second || std::ilogb(second) != exponent ||
+            std::ilogb(third) != exponent)
+            continue;
+        const bool grows = std::abs(second) > std::abs(first);
+        const double edge = std::ldexp(1.0, grows ? exponent + 1 : exponent);
+        const double room = std::abs(edge - std::abs(static_cast<double>(first)));
+        const double most = std::min(room / std::abs(stride) - 2.0, static_cast<double>(times));
+        if (most < 1.0) continue;
+        const auto alike = static_cast<std::int64_t>(most);
+        value = static_cast<float>(first + static_cast<double>(alike) * stride);
+        times -= alike;
+    }
+    return value;
+}
+
+/// The smallest integer that is not below a value in the range of pixels.
+std::int32_t Ceiling(float value) {
+    const std::int32_t whole = Truncate(value);
+    return static_cast<float>(whole) < value ? whole + 1 : whole;
+}
+
+}  // namespace
+
+StrokeWalk::StrokeWalk(const StrokeLine& line, float aspect) : width(line.width) {
+    const Spread spread(line, aspect);
+    isSteep = spread.IsSteep();
+    std::int32_t x1 = line.x1, y1 = line.y1, x2 = line.x2, y2 = line.y2;
+    if (isSteep ? y2 < y1 : x2 < x1) {
+        std::swap(x1, x2);
+        std::swap(y1, y2);
+    }
+    start = isSteep ? y1 : x1;
+    end = isSteep ? y2 : x2;
+    cross = isSteep ? x1 : y1;
+    const float move = isSteep ? 1.0f : 1.0f / aspect;
+    step = (isSteep ? x1 < x2 : y1 < y2) ? move : -move;
+    const std::int64_t along = std::max(spread.dx, spread.dy);
+    const std::int64_t across = std::min(spread.dx, spread.dy);
+    err = 2 * across - along;
+    e1 = 2 * across;
+    e2 = 2 * (across - along);
+}
+
+Runs::Runs(const StrokeWalk& walk, float step, int mainLimit, int crossLimit)
+    : m_walk(walk),
+      m_step(step),
+      m_crossLimit(crossLimit),
+      m_next(std::max<std::int64_t>(walk.start + 1, 0)),
+      m_last(std::min<std::int64_t>(walk.end, mainLimit - 1)),
+      m_err(walk.err),
+      m_cross(static_cast<float>(walk.cross)) {
+    if (m_next <= m_last) Skip(m_next - (walk.start + 1));
+    PlaceRun();
+}
+
+void Runs::Skip(std::int64_t advances) {
+    constexpr std::int64_t kAtOnce = 1 << 28;  // keeps the products within 64 bits
+    const std::int64_t twiceAlong = m_walk.e1 - m_walk.e2;
+    while (advances > 0) {
+        // The error stays from e1 - twiceAlong up to e1: so many moves bring it back there.
+        const std::int64_t part = std::min(advances, kAtOnce);
+        const std::int64_t sum = m_err + part * m_walk.e1;
+        const std::int64_t moves = (sum - m_walk.e1 + twiceAlong) / twiceAlong;
+        m_err = sum - moves * twiceAlong;
+        m_cross = AddRepeatedly(m_cross, m_step, moves);
+        advances -= part;
+    }
+}
+
+void Runs::PlaceRun() {
+    const auto centre = static_cast<float>(Truncate(m_cross));
+    const std::int32_t first = Truncate(centre + m_walk.width * -0.5f);
+    const float limit = m_walk.width + static_cast<float>(first);
+    m_begin = std::max(first, 0);
+    m_end = limit < static_cast<float>(m_crossLimit) ? Ceiling(limit) : m_crossLimit;
+}
+
+}  // namespace brushworks
