@@ -39,8 +39,7 @@ class OpenPixels {
         for (int word = run.begin / kBits; word * kBits < run.end; ++word) {
             std::uint64_t open = lines.Word(run.at, word) & Mask(run, word);
             lines.Word(run.at, word) &= ~open;
-            m_count -= std::popcount(open);
-            for (; open; open &= open - 1) {
+            for (; open; open &= open - 1, --m_count) {
                 const int place = word * kBits + std::countr_zero(open);
                 crossing.Word(place, run.at / kBits) &= ~(std::uint64_t{1} << run.at % kBits);
                 paint(place);

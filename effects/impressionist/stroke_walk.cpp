@@ -41,6 +41,34 @@ std::int32_t Ceiling(float value) {
     return static_cast<float>(whole) < value ? whole + 1 : whole;
 }
 
+/// The place on the way: error terms, and the cross axis in floats, whose rounding shows where
+/// pixels are not square.
+struct Place {
+    std::int64_t err;
+    float cross;
+
+    void Advance(const StrokeWalk& walk, float step) {
+        const bool moves = err >= 0;
+        err += moves ? walk.e2 : walk.e1;
+        cross += moves ? step : 0.0f;
+    }
+
+    /// As many advances at once.
+    void Skip(const StrokeWalk& walk, float step, std::int64_t advances) {
+        constexpr std::int64_t kAtOnce = 1 << 28;  // keeps the products within 64 bits
+        const std::int64_t twiceAlong = walk.e1 - walk.e2;
+        while (advances > 0) {
+            // The error stays from e1 - twiceAlong up to e1: so many moves bring it back there.
+            const std::int64_t part = std::min(advances, kAtOnce);
+            const std::int64_t sum = err + part * walk.e1;
+            const std::int64_t moves = (sum - walk.e1 + twiceAlong) / twiceAlong;
+            err = sum - moves * twiceAlong;
+            cross = AddRepeatedly(cross, step, moves);
+            advances -= part;
+        }
+    }
+};
+
 }  // namespace
 
 StrokeWalk::StrokeWalk(const StrokeLine& line, float aspect) : width(line.width) {
@@ -63,38 +91,22 @@ StrokeWalk::StrokeWalk(const StrokeLine& line, float aspect) : width(line.width)
     e2 = 2 * (across - along);
 }
 
-Runs::Runs(const StrokeWalk& walk, float step, int mainLimit, int crossLimit)
-    : m_walk(walk),
-      m_step(step),
-      m_crossLimit(crossLimit),
-      m_next(std::max<std::int64_t>(walk.start + 1, 0)),
-      m_last(std::min<std::int64_t>(walk.end, mainLimit - 1)),
-      m_err(walk.err),
-      m_cross(static_cast<float>(walk.cross)) {
-    if (m_next <= m_last) Skip(m_next - (walk.start + 1));
-    PlaceRun();
-}
-
-void Runs::Skip(std::int64_t advances) {
-    constexpr std::int64_t kAtOnce = 1 << 28;  // keeps the products within 64 bits
-    const std::int64_t twiceAlong = m_walk.e1 - m_walk.e2;
-    while (advances > 0) {
-        // The error stays from e1 - twiceAlong up to e1: so many moves bring it back there.
-        const std::int64_t part = std::min(advances, kAtOnce);
-        const std::int64_t sum = m_err + part * m_walk.e1;
-        const std::int64_t moves = (sum - m_walk.e1 + twiceAlong) / twiceAlong;
-        m_err = sum - moves * twiceAlong;
-        m_cross = AddRepeatedly(m_cross, m_step, moves);
-        advances -= part;
+Run* FindRuns(const StrokeWalk& walk, float step, WalkLimits limits, Run* runs) {
+    const auto crossLimit = static_cast<float>(limits.cross);
+    const std::int64_t first = std::max<std::int64_t>(walk.start + 1, 0);
+    const std::int64_t last = std::min<std::int64_t>(walk.end, limits.main - 1);
+    if (first > last) return runs;
+    Place place{walk.err, static_cast<float>(walk.cross)};
+    place.Skip(walk, step, first - (walk.start + 1));
+    for (auto at = static_cast<std::int32_t>(first); at <= last; ++at) {
+        place.Advance(walk, step);
+        const auto centre = static_cast<float>(Truncate(place.cross));
+        const std::int32_t begin = Truncate(centre + walk.width * -0.5f);
+        const float limit = walk.width + static_cast<float>(begin);
+        *runs = {at, std::max(begin, 0), limit < crossLimit ? Ceiling(limit) : limits.cross};
+        runs += runs->begin < runs->end;
     }
-}
-
-void Runs::PlaceRun() {
-    const auto centre = static_cast<float>(Truncate(m_cross));
-    const std::int32_t first = Truncate(centre + m_walk.width * -0.5f);
-    const float limit = m_walk.width + static_cast<float>(first);
-    m_begin = std::max(first, 0);
-    m_end = limit < static_cast<float>(m_crossLimit) ? Ceiling(limit) : m_crossLimit;
+    return runs;
 }
 
 }  // namespace brushworks

@@ -27,45 +27,14 @@ struct Run {
     std::int32_t begin, end;
 };
 
-/// The runs of a walk within the frame, in their order, the empty ones left out. The line of the
-/// start itself has none.
-class Runs {
-  public:
-    /// `step` is the walk's own, or turned over for the mirror image; the limits are the frame's
-    /// size along the main and the cross axis.
-    Runs(const StrokeWalk& walk, float step, int mainLimit, int crossLimit);
-
-    /// False after the last.
-    bool Next(Run& run) {
-        while (m_next <= m_last) {
-            Advance();
-            run = {static_cast<std::int32_t>(m_next++), m_begin, m_end};
-            if (m_begin < m_end) return true;
-        }
-        return false;
-    }
-
-  private:
-    void Advance() {
-        if (m_err < 0) {
-            m_err += m_walk.e1;
-            return;
-        }
-        m_err += m_walk.e2;
-        m_cross += m_step;
-        PlaceRun();
-    }
-    /// As many advances at once, before the first run is placed.
-    void Skip(std::int64_t advances);
-    void PlaceRun();
-
-    const StrokeWalk& m_walk;
-    const float m_step;
-    const int m_crossLimit;
-    std::int64_t m_next, m_last;
-    std::int64_t m_err;
-    float m_cross;
-    std::int32_t m_begin, m_end;
+/// The size of a frame as a walk sees it.
+struct WalkLimits {
+    int main, cross;
 };
+
+/// Writes the runs of a walk within the frame, in their order and without the empty ones, and
+/// returns the end of them: no more than limits.main. `step` is the walk's own, or turned over for
+/// the mirror image. The line of the start itself has no run.
+Run* FindRuns(const StrokeWalk& walk, float step, WalkLimits limits, Run* runs);
 
 }  // namespace brushworks

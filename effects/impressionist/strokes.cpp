@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <span>
 #include <vector>
 
 #include "effects/impressionist/open_pixels.h"
@@ -95,57 +96,56 @@ class StrokePainter {
         : m_source(source),
           m_destination(destination),
           m_aspect(aspect),
-          m_open(source.m_nWidth, source.m_nHeight) {}
+          m_open(source.m_nWidth, source.m_nHeight),
+          m_runs(std::max(source.m_nWidth, source.m_nHeight)),
+          m_mirrored(m_runs.size()) {}
 
     bool IsDone() const { return m_open.Count() == 0; }
 
     void Paint(const StrokeLine& line) {
         const StrokeWalk walk(line, m_aspect);
-        if (!IsSeen(walk)) return;
-        Draw(walk, walk.isSteep ? GetAverageY(walk) : GetAverageX(walk));
+        const std::span<const Run> runs = RunsOf(walk, walk.step, m_runs);
+        const auto isOpen = [&](Run run) { return m_open.HasAny(walk.isSteep, run); };
+        if (std::none_of(runs.begin(), runs.end(), isOpen)) return;
+        if (walk.isSteep)
+            DrawRows(runs, GetAverageY(runs));
+        else
+            DrawColumns(runs, GetAverageX(RunsOf(walk, -walk.step, m_mirrored)));
     }
 
   private:
-    Runs RunsOf(const StrokeWalk& walk, float step) const {
-        return walk.isSteep ? Runs(walk, step, m_source.m_nHeight, m_source.m_nWidth)
-                            : Runs(walk, step, m_source.m_nWidth, m_source.m_nHeight);
+    std::span<const Run> RunsOf(const StrokeWalk& walk, float step, std::vector<Run>& runs) {
+        const int width = m_source.m_nWidth, height = m_source.m_nHeight;
+        const WalkLimits limits =
+            walk.isSteep ? WalkLimits{height, width} : WalkLimits{width, height};
+        return {runs.data(), FindRuns(walk, step, limits, runs.data())};
     }
 
-    bool IsSeen(const StrokeWalk& walk) const {
-        Runs runs = RunsOf(walk, walk.step);
-        for (Run run; runs.Next(run);)
-            if (m_open.HasAny(walk.isSteep, run)) return true;
-        return false;
-    }
-
-    Colour GetAverageY(const StrokeWalk& walk) const {
+    Colour GetAverageY(std::span<const Run> runs) const {
         Sums sums;
-        Runs runs = RunsOf(walk, walk.step);
-        for (Run run; runs.Next(run);)
+        for (const Run& run : runs)
             sums.template Add<4>(Processors::RowOf<Sample>(m_source, run.at) + 4 * run.begin, 4,
                                  run.end - run.begin);
         return sums.Average();
     }
 
-    /// The colour comes from the stroke's mirror image about its start row: part of the look.
-    Colour GetAverageX(const StrokeWalk& walk) const {
+    /// The runs are those of the stroke's mirror image about its start row: part of the look.
+    Colour GetAverageX(std::span<const Run> mirrored) const {
         const std::ptrdiff_t span = m_source.m_nByteSpan / static_cast<int>(sizeof(Sample));
         Sums sums;
-        Runs runs = RunsOf(walk, -walk.step);
-        for (Run run; runs.Next(run);)
+        for (const Run& run : mirrored)
             sums.Add(Processors::RowOf<Sample>(m_source, run.begin) + 4 * run.at, span,
                      run.end - run.begin);
         return sums.Average();
     }
 
-    void Draw(const StrokeWalk& walk, const Colour& colour) {
-        Runs runs = RunsOf(walk, walk.step);
-        for (Run run; runs.Next(run);) {
-            if (walk.isSteep)
-                m_open.Close(true, run, [&](int x) { Put(x, run.at, colour); });
-            else
-                m_open.Close(false, run, [&](int y) { Put(run.at, y, colour); });
-        }
+    void DrawRows(std::span<const Run> runs, const Colour& colour) {
+        for (const Run& run : runs) m_open.Close(true, run, [&](int x) { Put(x, run.at, colour); });
+    }
+
+    void DrawColumns(std::span<const Run> runs, const Colour& colour) {
+        for (const Run& run : runs)
+            m_open.Close(false, run, [&](int y) { Put(run.at, y, colour); });
     }
 
     void Put(int x, int y, const Colour& colour) {
@@ -157,6 +157,8 @@ class StrokePainter {
     CFrame& m_destination;
     const float m_aspect;
     OpenPixels m_open;
+    std::vector<Run> m_runs;
+    std::vector<Run> m_mirrored;
 };
 
 template <class Sums>
