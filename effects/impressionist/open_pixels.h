@@ -18,10 +18,24 @@ class OpenPixels {
     OpenPixels(int width, int height)
         : m_columns(width, height),
           m_rows(height, width),
-          m_count(static_cast<std::int64_t>(width) * height) {}
+          m_tilesAcross(TilesOf(width)),
+          m_tiles(static_cast<std::size_t>(m_tilesAcross) * TilesOf(height)),
+          m_count(static_cast<std::int64_t>(width) * height) {
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; x += kBits) TileAt(x, y) += std::min(kBits, width - x);
+    }
 
     /// How many pixels are left.
     std::int64_t Count() const { return m_count; }
+
+    /// False when all is closed in and around the box.
+    bool HasAnyNear(bool isSteep, WalkBox box) const {
+        if (box.mainBegin >= box.mainEnd || box.crossBegin >= box.crossEnd) return false;
+        const int main = box.mainBegin / kBits, mainLast = (box.mainEnd - 1) / kBits;
+        const int cross = box.crossBegin / kBits, crossLast = (box.crossEnd - 1) / kBits;
+        return isSteep ? HasAnyTile(cross, crossLast, main, mainLast)
+                       : HasAnyTile(main, mainLast, cross, crossLast);
+    }
 
     bool HasAny(bool isSteep, Run run) const {
         const Lines& lines = isSteep ? m_rows : m_columns;
@@ -37,18 +51,33 @@ class OpenPixels {
         Lines& lines = isSteep ? m_rows : m_columns;
         Lines& crossing = isSteep ? m_columns : m_rows;
         for (int word = run.begin / kBits; word * kBits < run.end; ++word) {
-            std::uint64_t open = lines.Word(run.at, word) & Mask(run, word);
+            const std::uint64_t open = lines.Word(run.at, word) & Mask(run, word);
+            if (!open) continue;
             lines.Word(run.at, word) &= ~open;
-            for (; open; open &= open - 1, --m_count) {
-                const int place = word * kBits + std::countr_zero(open);
+            int closed = 0;
+            for (std::uint64_t left = open; left; left &= left - 1, ++closed) {
+                const int place = word * kBits + std::countr_zero(left);
                 crossing.Word(place, run.at / kBits) &= ~(std::uint64_t{1} << run.at % kBits);
                 paint(place);
             }
+            m_count -= closed;
+            (isSteep ? TileAt(word * kBits, run.at) : TileAt(run.at, word * kBits)) -= closed;
         }
     }
 
   private:
     static constexpr int kBits = 64;
+
+    static int TilesOf(int pixels) { return (pixels + kBits - 1) / kBits; }
+    std::int32_t& TileAt(int x, int y) {
+        return m_tiles[static_cast<std::size_t>(y / kBits) * m_tilesAcross + x / kBits];
+    }
+    bool HasAnyTile(int left, int right, int top, int bottom) const {
+        for (int y = top; y <= bottom; ++y)
+            for (int x = left; x <= right; ++x)
+                if (m_tiles[static_cast<std::size_t>(y) * m_tilesAcross + x] > 0) return true;
+        return false;
+    }
 
     /// The bits of a run in one of the words that it reaches into.
     static std::uint64_t Mask(Run run, int word) {
@@ -76,6 +105,8 @@ class OpenPixels {
 
     Lines m_columns;
     Lines m_rows;
+    int m_tilesAcross;
+    std::vector<std::int32_t> m_tiles;  // open pixels in squares of kBits by kBits
     std::int64_t m_count;
 };
 

@@ -91,6 +91,25 @@ StrokeWalk::StrokeWalk(const StrokeLine& line, float aspect) : width(line.width)
     e2 = 2 * (across - along);
 }
 
+WalkBox BoxAround(const StrokeWalk& walk, WalkLimits limits) {
+    const auto cut = [](float place, int limit) {
+        return Truncate(std::clamp(place, 0.0f, static_cast<float>(limit)));
+    };
+    const auto steps = static_cast<float>(walk.end - walk.start);
+    const auto cross = static_cast<float>(walk.cross);
+    // A move follows when the error has grown by e1 - e2; half a unit in the last place is lost at
+    // most.
+    const float moves = steps * static_cast<float>(walk.e1) / static_cast<float>(walk.e1 - walk.e2);
+    const float travel = moves * walk.step;
+    const float slack =
+        3.0f + std::abs(walk.step) + (std::abs(cross) + std::abs(travel)) * (moves + 4.0f) * 2e-7f;
+    const float side = std::max(walk.width * 0.5f, 0.0f) + slack;
+    return {static_cast<std::int32_t>(std::clamp<std::int64_t>(walk.start + 1, 0, limits.main)),
+            static_cast<std::int32_t>(std::clamp<std::int64_t>(walk.end + 1, 0, limits.main)),
+            cut(cross + std::min(travel, 0.0f) - side, limits.cross),
+            cut(cross + std::max(travel, 0.0f) + side, limits.cross)};
+}
+
 Run* FindRuns(const StrokeWalk& walk, float step, WalkLimits limits, Run* runs) {
     const auto crossLimit = static_cast<float>(limits.cross);
     const std::int64_t first = std::max<std::int64_t>(walk.start + 1, 0);

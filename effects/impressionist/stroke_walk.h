@@ -32,6 +32,15 @@ struct WalkLimits {
     int main, cross;
 };
 
+/// Lines along the main axis and places across it; what is beyond the frame is cut off.
+struct WalkBox {
+    std::int32_t mainBegin, mainEnd;
+    std::int32_t crossBegin, crossEnd;
+};
+
+/// A box that holds all runs of a walk, found without walking.
+WalkBox BoxAround(const StrokeWalk& walk, WalkLimits limits);
+
 /// Writes the runs of a walk within the frame, in their order and without the empty ones, and
 /// returns the end of them: no more than limits.main. `step` is the walk's own, or turned over for
 /// the mirror image. The line of the start itself has no run.

@@ -20,10 +20,9 @@ class ByteSums {
 
     template <std::ptrdiff_t Stride = 0>
     void Add(const std::uint8_t* pixel, std::ptrdiff_t stride, int count) {
-        m_count += count;
         while (count > 0) {
-            // Two samples to a word, 16 bits each.
-            const int part = std::min(count, kAtOnce);
+            if (m_pending == kMostPending) Gather();
+            const int part = std::min(count, kMostPending - m_pending);
             std::uint32_t even = 0, odd = 0;
             for (int i = 0; i < part; ++i) {
                 std::uint32_t samples;
@@ -31,16 +30,16 @@ class ByteSums {
                 even += samples & 0x00FF00FFu;
                 odd += samples >> 8 & 0x00FF00FFu;
             }
-            m_sums[0] += even & 0xFFFF;
-            m_sums[1] += odd & 0xFFFF;
-            m_sums[2] += even >> 16;
-            m_sums[3] += odd >> 16;
+            m_even += even;
+            m_odd += odd;
+            m_pending += part;
             pixel += part * stride;
             count -= part;
         }
     }
 
-    std::array<std::uint8_t, 4> Average() const {
+    std::array<std::uint8_t, 4> Average() {
+        Gather();
         std::array<std::uint8_t, 4> colour;
         for (int i = 0; i < 4; ++i)
             colour[i] = static_cast<std::uint8_t>(m_count > 0 ? m_sums[i] / m_count : 255);
@@ -48,10 +47,23 @@ class ByteSums {
     }
 
   private:
-    static constexpr int kAtOnce = 256;  // times 255 is below 2^16
+    static constexpr int kMostPending = 256;  // times 255 is below 2^16
+
+    void Gather() {
+        m_sums[0] += m_even & 0xFFFF;
+        m_sums[1] += m_odd & 0xFFFF;
+        m_sums[2] += m_even >> 16;
+        m_sums[3] += m_odd >> 16;
+        m_count += m_pending;
+        m_even = m_odd = 0;
+        m_pending = 0;
+    }
 
     std::int64_t m_sums[4] = {};
     std::int64_t m_count = 0;
+    // What is not in the sums yet: two samples to a word, 16 bits each.
+    std::uint32_t m_even = 0, m_odd = 0;
+    int m_pending = 0;
 };
 
 /// Sums of the four samples of floats, in the order of the walk, which their rounding depends on.
@@ -104,6 +116,7 @@ class StrokePainter {
 
     void Paint(const StrokeLine& line) {
         const StrokeWalk walk(line, m_aspect);
+        if (!m_open.HasAnyNear(walk.isSteep, BoxAround(walk, LimitsOf(walk)))) return;
         const std::span<const Run> runs = RunsOf(walk, walk.step, m_runs);
         const auto isOpen = [&](Run run) { return m_open.HasAny(walk.isSteep, run); };
         if (std::none_of(runs.begin(), runs.end(), isOpen)) return;
@@ -114,11 +127,13 @@ class StrokePainter {
     }
 
   private:
-    std::span<const Run> RunsOf(const StrokeWalk& walk, float step, std::vector<Run>& runs) {
+    WalkLimits LimitsOf(const StrokeWalk& walk) const {
         const int width = m_source.m_nWidth, height = m_source.m_nHeight;
-        const WalkLimits limits =
-            walk.isSteep ? WalkLimits{height, width} : WalkLimits{width, height};
-        return {runs.data(), FindRuns(walk, step, limits, runs.data())};
+        return walk.isSteep ? WalkLimits{height, width} : WalkLimits{width, height};
+    }
+
+    std::span<const Run> RunsOf(const StrokeWalk& walk, float step, std::vector<Run>& runs) const {
+        return {runs.data(), FindRuns(walk, step, LimitsOf(walk), runs.data())};
     }
 
     Colour GetAverageY(std::span<const Run> runs) const {
