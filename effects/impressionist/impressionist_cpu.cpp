@@ -120,7 +120,7 @@ bool CImpressionist::Paint(RenderJob& job) {
     Processors::CCopy().Process(&job.source, &job.destination);
     RandomSequence random(set.SeedFor(job.info));
     PaintStrokes(job.source, job.destination, set.BrushFor(job.source.m_nHeight, aspect.fAspect),
-                 random);
+                 random, job.allocator);
     Smooth(job.destination, set.smoothing, aspect.fAspect, job.allocator);
     Processors::CColorTwist().Process(&job.destination, &job.destination, set.contrast,
                                       set.brightness, set.color, set.shift, job.allocator);

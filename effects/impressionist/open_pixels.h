@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <vector>
 
+#include "effects/impressionist/scratch_array.h"
 #include "effects/impressionist/stroke_walk.h"
 
 namespace brushworks {
@@ -15,11 +15,11 @@ namespace brushworks {
 /// kind lies in one or two words.
 class OpenPixels {
   public:
-    OpenPixels(int width, int height)
-        : m_columns(width, height),
-          m_rows(height, width),
+    OpenPixels(int width, int height, MemoryAllocator& allocator)
+        : m_columns(width, height, allocator),
+          m_rows(height, width, allocator),
           m_tilesAcross(TilesOf(width)),
-          m_tiles(static_cast<std::size_t>(m_tilesAcross) * TilesOf(height)),
+          m_tiles(static_cast<std::size_t>(m_tilesAcross) * TilesOf(height), 0, allocator),
           m_count(static_cast<std::int64_t>(width) * height) {
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; x += kBits) TileAt(x, y) += std::min(kBits, width - x);
@@ -88,9 +88,8 @@ class OpenPixels {
 
     class Lines {
       public:
-        Lines(int count, int pixels)
-            : m_words((pixels + kBits - 1) / kBits),
-              m_bits(static_cast<std::size_t>(count) * m_words, ~std::uint64_t{0}) {}
+        Lines(int count, int pixels, MemoryAllocator& allocator)
+            : m_words(TilesOf(pixels)), m_bits(count * m_words, ~std::uint64_t{0}, allocator) {}
         std::uint64_t& Word(int line, int word) {
             return m_bits[static_cast<std::size_t>(line) * m_words + word];
         }
@@ -100,13 +99,13 @@ class OpenPixels {
 
       private:
         std::size_t m_words;
-        std::vector<std::uint64_t> m_bits;
+        ScratchArray<std::uint64_t> m_bits;
     };
 
     Lines m_columns;
     Lines m_rows;
     int m_tilesAcross;
-    std::vector<std::int32_t> m_tiles;  // open pixels in squares of kBits by kBits
+    ScratchArray<std::int32_t> m_tiles;  // open pixels in squares of kBits by kBits
     std::int64_t m_count;
 };
 

@@ -4,9 +4,9 @@
 #include <array>
 #include <cstring>
 #include <span>
-#include <vector>
 
 #include "effects/impressionist/open_pixels.h"
+#include "effects/impressionist/scratch_array.h"
 #include "effects/impressionist/stroke_walk.h"
 #include "processors/region.h"
 
@@ -104,13 +104,14 @@ class StrokePainter {
     using Sample = typename Sums::Sample;
     using Colour = std::array<Sample, 4>;
 
-    StrokePainter(const CFrame& source, CFrame& destination, float aspect)
+    StrokePainter(const CFrame& source, CFrame& destination, float aspect,
+                  MemoryAllocator& allocator)
         : m_source(source),
           m_destination(destination),
           m_aspect(aspect),
-          m_open(source.m_nWidth, source.m_nHeight),
-          m_runs(std::max(source.m_nWidth, source.m_nHeight)),
-          m_mirrored(m_runs.size()) {}
+          m_open(source.m_nWidth, source.m_nHeight, allocator),
+          m_runs(std::max(source.m_nWidth, source.m_nHeight), Run{}, allocator),
+          m_mirrored(m_runs.size(), Run{}, allocator) {}
 
     bool IsDone() const { return m_open.Count() == 0; }
 
@@ -132,7 +133,7 @@ class StrokePainter {
         return walk.isSteep ? WalkLimits{height, width} : WalkLimits{width, height};
     }
 
-    std::span<const Run> RunsOf(const StrokeWalk& walk, float step, std::vector<Run>& runs) const {
+    std::span<const Run> RunsOf(const StrokeWalk& walk, float step, ScratchArray<Run>& runs) const {
         return {runs.data(), FindRuns(walk, step, LimitsOf(walk), runs.data())};
     }
 
@@ -172,14 +173,14 @@ class StrokePainter {
     CFrame& m_destination;
     const float m_aspect;
     OpenPixels m_open;
-    std::vector<Run> m_runs;
-    std::vector<Run> m_mirrored;
+    ScratchArray<Run> m_runs;
+    ScratchArray<Run> m_mirrored;
 };
 
 template <class Sums>
 void Paint(const CFrame& source, CFrame& destination, float aspect,
-           const std::vector<StrokeLine>& lines) {
-    StrokePainter<Sums> painter(source, destination, aspect);
+           std::span<const StrokeLine> lines, MemoryAllocator& allocator) {
+    StrokePainter<Sums> painter(source, destination, aspect, allocator);
     for (auto line = lines.rbegin(); line != lines.rend() && !painter.IsDone(); ++line)
         painter.Paint(*line);
 }
@@ -187,15 +188,13 @@ void Paint(const CFrame& source, CFrame& destination, float aspect,
 }  // namespace
 
 void PaintStrokes(const CFrame& source, CFrame& destination, const Brush& brush,
-                  RandomSequence& random) {
+                  RandomSequence& random, MemoryAllocator& allocator) {
     const int width = source.m_nWidth, height = source.m_nHeight;
     const double pixels = static_cast<double>(width) * height;
-    std::vector<StrokeLine> lines(static_cast<std::size_t>(pixels * 0.1));
+    ScratchArray<StrokeLine> lines(static_cast<std::size_t>(pixels * 0.1), {}, allocator);
     for (StrokeLine& line : lines) line = GetRandomLine(random, width, height, brush);
-    if (Processors::IsFloatColor(source))
-        Paint<FloatSums>(source, destination, brush.aspect, lines);
-    else
-        Paint<ByteSums>(source, destination, brush.aspect, lines);
+    auto* paint = Processors::IsFloatColor(source) ? Paint<FloatSums> : Paint<ByteSums>;
+    paint(source, destination, brush.aspect, {lines.begin(), lines.end()}, allocator);
 }
 
 }  // namespace brushworks
