@@ -15,7 +15,7 @@ namespace {
 float AddRepeatedly(float value, float step, std::int64_t times) {
     while (times > 0) {
         const float first = value + step, second = first + step, third = second + step;
-        if (!(first < value) && !(first > value)) return value;
+        if (!(second < first) && !(second > first)) return first;  // has come to rest
         --times;
         value = first;
         const double stride = static_cast<double>(second) - first;
