@@ -139,15 +139,16 @@ class PlainPainter {
     bool m_steep = false;
 };
 
-/// Random pixels; floats of so many magnitudes that the order of a sum shows.
+/// Random pixels; among floats some that are huge and take each other away, so that the order of a
+/// sum shows in what is left of the others.
 struct Grain : RandomFrame {
     Grain(int width, int height, PixelFormat format, unsigned int seed)
         : RandomFrame(width, height, format, seed) {
         if (!Processors::IsFloatColor(*this)) return;
         for (int y = 0; y < height; ++y)
             for (int i = 0; i < 4 * width; ++i)
-                Processors::RowOf<float>(*this, y)[i] *=
-                    std::ldexp(1.0f, (7 * i + 3 * y) % 90 - 45);
+                if ((i + 5 * y) % 7 == 0)
+                    Processors::RowOf<float>(*this, y)[i] = (i / 7 + y) % 2 ? 0x1p60f : -0x1p60f;
     }
 };
 
