@@ -97,8 +97,8 @@ WalkBox BoxAround(const StrokeWalk& walk, WalkLimits limits) {
     };
     const auto steps = static_cast<float>(walk.end - walk.start);
     const auto cross = static_cast<float>(walk.cross);
-    // A move follows when the error has grown by e1 - e2; half a unit in the last place is lost at
-    // most.
+    // One move for each e1 - e2 that the error grows. An addition is off by half a unit in the last
+    // place at most, and never by more than a step.
     const float moves = steps * static_cast<float>(walk.e1) / static_cast<float>(walk.e1 - walk.e2);
     const float travel = moves * walk.step;
     const float slack =

@@ -97,7 +97,8 @@ class FloatSums {
     std::int64_t m_count = 0;
 };
 
-/// Paints strokes from the last to the first.
+/// Paints strokes from the last to the first. Colours come from the source alone, so that hidden
+/// strokes need none.
 template <class Sums>
 class StrokePainter {
   public:
