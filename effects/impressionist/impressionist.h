@@ -9,6 +9,9 @@ namespace brushworks {
 class CImpressionist final : public CEffect {
   public:
     CImpressionist();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

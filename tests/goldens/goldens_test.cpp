@@ -31,6 +31,7 @@ constexpr GoldenEffect kEffects[] = {
     {1, "charcoal", {"Colored Chalk", "Light Sketch", "Soft Pink"}},
     {2, "colored_pencil", {"Dark Colors", "Faded", "Penciled Lines"}},
     {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
+    {4, "impressionist", {"Abstract", "Dark Murk", "Electrified Hair"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
