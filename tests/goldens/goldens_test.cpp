@@ -28,6 +28,7 @@ struct GoldenEffect {
     const char* presets[3];  ///< besides the defaults
 };
 constexpr GoldenEffect kEffects[] = {
+    {5, "mosaic", {"Block Wall", "Pebbles", "Small Bricks"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
     {11, "water_color", {"Burnt", "Fun Day Out", "Smokey"}},
 };
