@@ -281,6 +281,7 @@ TEST(MosaicFill, FlowsFromEachSeedInTurn) {
         Copy(lines, frame);
         Copy(lines, plain);
         std::vector<FillPoint> points;
+        points.reserve(123);
         for (int i = 0; i < 120; ++i)  // black among them, which joins the lines
             points.push_back({i % 40 == 39 ? 0 : static_cast<std::uint32_t>(engine()) & 0xffffff,
                               static_cast<int>(engine() % kWidth),
