@@ -9,6 +9,9 @@ namespace brushworks {
 class CStainedGlass final : public CEffect {
   public:
     CStainedGlass();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

@@ -34,6 +34,7 @@ constexpr GoldenEffect kEffects[] = {
     {4, "impressionist", {"Abstract", "Dark Murk", "Electrified Hair"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
+    {5, "mosaic", {"Block Wall", "Pebbles", "Small Bricks"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
     {11, "water_color", {"Burnt", "Fun Day Out", "Smokey"}},
 };
