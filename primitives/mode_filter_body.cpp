@@ -3,11 +3,11 @@
 // A column of results can be made in two ways. Walking down it pixel by pixel, as the filter is
 // told, costs a mask's width of pixels for each result. Counting is faster: how full the buckets
 // are does not depend on any order, so that a step down is one addition of 256 differences, which
-// are kept for every row and follow the columns by four corrections each. The order matters for
-// colours alone, and only the colour of the winner is asked for. If the winner holds at least two
-// pixels, then it held at least one when the last of its pixels came, whatever has left since. So
-// that last one gave it its colour, and it is the rightmost of the lowest row that has one. Only
-// where all pixels under the mask are in different buckets does the column have to be walked.
+// follow from one column to the next by four corrections. The order matters for colours alone, and
+// only the colour of the winner is asked for. If the winner holds at least two pixels, then it held
+// at least one when the last of its pixels came, whatever has left since. So that last one gave it
+// its colour, and it is the rightmost of the lowest row that has one. Only where all pixels under
+// the mask are in different buckets does the column have to be walked.
 #include "primitives/mode_filter.h"
 
 #include "primitives/memory.h"
@@ -82,28 +82,34 @@ class Counts {
     I16 m_counts[kVectors];
 };
 
-/// A bit for each byte that has a value, the first in bit 0.
+constexpr int kPlaces = 64;
+
+/// A bit for each of kPlaces bytes that has a value, the first in bit 0.
 inline std::uint64_t Matches(const std::uint8_t* bytes, std::uint8_t value) {
-    const U8 v = Load<U8>(bytes);
-#if defined(__AVX512BW__)
-    return _mm512_cmpeq_epi8_mask((__m512i)v, _mm512_set1_epi8(static_cast<char>(value)));
-#elif defined(__AVX2__)
-    return static_cast<unsigned>(_mm256_movemask_epi8((__m256i)(v == value)));
-#elif defined(__SSE2__)
-    return static_cast<unsigned>(_mm_movemask_epi8((__m128i)(v == value)));
-#else
     std::uint64_t matches = 0;
-    for (int i = 0; i < kVectorBytes; ++i) matches |= std::uint64_t{v[i] == value} << i;
-    return matches;
+    for (int i = 0; i < kPlaces; i += kVectorBytes) {
+        const U8 v = Load<U8>(bytes + i);
+#if defined(__AVX512BW__)
+        matches = _mm512_cmpeq_epi8_mask((__m512i)v, _mm512_set1_epi8(static_cast<char>(value)));
+#elif defined(__AVX2__)
+        const auto found = static_cast<unsigned>(_mm256_movemask_epi8((__m256i)(v == value)));
+        matches |= std::uint64_t{found} << i;
+#elif defined(__SSE2__)
+        const auto found = static_cast<unsigned>(_mm_movemask_epi8((__m128i)(v == value)));
+        matches |= std::uint64_t{found} << i;
+#else
+        for (int k = 0; k < kVectorBytes; ++k) matches |= std::uint64_t{v[k] == value} << (i + k);
 #endif
+    }
+    return matches;
 }
 
-/// The last place of a value among `count` bytes, or -1. The vector before them is readable.
-inline int LastPlace(const std::uint8_t* bytes, int count, std::uint8_t value) {
-    for (int end = count; end > 0; end -= kVectorBytes) {
-        std::uint64_t matches = Matches(bytes + end - kVectorBytes, value);
-        if (end < kVectorBytes) matches = matches >> (kVectorBytes - end) << (kVectorBytes - end);
-        if (matches) return end - kVectorBytes + 63 - __builtin_clzll(matches);
+/// The last place of a value among `count` bytes, or -1. kPlaces bytes before them are readable.
+inline int LastPlace(const std::uint8_t* bytes, int count, int value) {
+    for (int end = count; end > 0; end -= kPlaces) {
+        std::uint64_t matches = Matches(bytes + end - kPlaces, static_cast<std::uint8_t>(value));
+        if (end < kPlaces) matches = matches >> (kPlaces - end) << (kPlaces - end);
+        if (matches) return end - 1 - __builtin_clzll(matches);
     }
     return -1;
 }
@@ -128,12 +134,20 @@ struct Tables {
     }
 };
 
-/// Memory of the primitives that frees itself.
-template <class Sample>
-struct Scratch {
-    ~Scratch() { ippiFree(data); }
-    Sample* data = nullptr;
-    int step = 0;
+/// Columns of results that are counted side by side, and the rows of them that are counted at a
+/// time, so that what a step needs stays in the nearest cache.
+constexpr int kTileColumns = 64, kTileRows = 32;
+
+/// A column of results on its way down.
+struct Column {
+    Tables base;  ///< of the mask in the first row
+    Counts counts;
+    bool walked;  ///< all of it is done
+};
+
+struct Tile {
+    Column columns[kTileColumns];
+    std::int16_t differences[kTileRows][kBuckets];  ///< what a step down to each row changes
 };
 
 class ModeFilter {
@@ -147,44 +161,43 @@ class ModeFilter {
           m_size(size),
           m_mask(mask),
           m_counting(std::int64_t{mask.width} * mask.height <= kLargestArea) {}
+    ~ModeFilter() {
+        ippiFree(m_buckets);
+        ippsFree(m_tile);
+    }
+    ModeFilter(const ModeFilter&) = delete;
+    ModeFilter& operator=(const ModeFilter&) = delete;
 
     bool Allocate() {
-        const int width = m_size.width + m_mask.width - 1,
-                  height = m_size.height + m_mask.height - 1;
-        if (width > INT32_MAX - kVectorBytes) return false;
-        m_planeMemory.data = ippiMalloc_8u_C1(kVectorBytes + width, height, &m_planeMemory.step);
-        if (m_counting)
-            m_differenceMemory.data =
-                ippiMalloc_16u_C1(kBuckets, m_size.height, &m_differenceMemory.step);
-        return m_planeMemory.data && (m_differenceMemory.data || !m_counting);
+        const int width = m_size.width + m_mask.width - 1;
+        const int height = m_size.height + m_mask.height - 1;
+        if (width > INT32_MAX - kPlaces) return false;
+        m_buckets = ippiMalloc_8u_C1(kPlaces + width, height, &m_bucketStep);
+        m_tile = static_cast<Tile*>(static_cast<void*>(ippsMalloc_8u(sizeof(Tile))));
+        return m_buckets && m_tile;
     }
 
     void Run() {
         SortIntoBuckets();
         for (int j = 0; j < m_mask.height; ++j)
-            for (int i = 0; i < m_mask.width; ++i) m_base.Enter(Buckets(j)[i], Pixel(i, j));
-        if (m_counting) StartDifferences();
-        for (int x = 0;; ++x) {
-            Put(x, 0, m_base.ColourOfMode());
-            if (!m_counting || !CountDown(x)) WalkDown(x);
-            if (x + 1 == m_size.width) return;
-            if (m_counting) MoveDifferences(x);
-            MoveBase(x);
+            for (int i = 0; i < m_mask.width; ++i) m_base.Enter(Buckets(i, j)[0], Pixel(i, j));
+        for (int x = 0; x < m_size.width; x += kTileColumns) {
+            const int columns = Least(kTileColumns, m_size.width - x);
+            for (int i = 0; i < columns; ++i) StartColumn(m_tile->columns[i], x + i);
+            for (int y = 1; y < m_size.height; y += kTileRows)
+                PaintTile(x, columns, y, Least(kTileRows, m_size.height - y));
         }
     }
 
   private:
-    const std::uint8_t* Buckets(int y) const { return BucketRow(y); }
-    std::uint8_t* BucketRow(int y) const {
-        return Row(m_planeMemory.data + kVectorBytes, m_planeMemory.step, y);
+    static int Least(int a, int b) { return a < b ? a : b; }
+    std::uint8_t* Buckets(int x, int y) const {
+        return Row(m_buckets, m_bucketStep, y) + kPlaces + x;
     }
-    std::int16_t* Differences(int y) const {
-        return reinterpret_cast<std::int16_t*>(m_differenceMemory.data) +
-               static_cast<std::ptrdiff_t>(y) * kBuckets;
+    const std::uint8_t* PixelAt(int x, int y) const {
+        return Row(m_src, m_srcStep, y) + 4 * static_cast<std::ptrdiff_t>(x);
     }
-    std::uint32_t Pixel(int x, int y) const {
-        return LoadPixel(Row(m_src, m_srcStep, y) + 4 * static_cast<std::ptrdiff_t>(x));
-    }
+    std::uint32_t Pixel(int x, int y) const { return LoadPixel(PixelAt(x, y)); }
     void Put(int x, int y, std::uint32_t pixel) const {
         StorePixel(Row(m_dst, m_dstStep, y) + 4 * static_cast<std::ptrdiff_t>(x), pixel);
     }
@@ -193,29 +206,43 @@ class ModeFilter {
         const std::ptrdiff_t width = std::ptrdiff_t{m_size.width} + m_mask.width - 1;
         for (int y = 0; y < m_size.height + m_mask.height - 1; ++y) {
             const std::uint8_t* from = Row(m_src, m_srcStep, y);
-            std::uint8_t* to = BucketRow(y);
+            std::uint8_t* to = Buckets(0, y);
             for (std::ptrdiff_t x = 0; x < width; ++x)
                 to[x] = static_cast<std::uint8_t>(
                     (29 * from[4 * x] + 150 * from[4 * x + 1] + 77 * from[4 * x + 2]) >> 8);
         }
     }
 
-    /// From the mask at (x, 0) to the one at (x + 1, 0).
-    void MoveBase(int x) {
+    /// The first result of a column; then the mask moves on to the next one.
+    void StartColumn(Column& column, int x) {
+        column.base = m_base;
+        column.counts = Counts(m_base.counts);
+        column.walked = false;
+        Put(x, 0, m_base.ColourOfMode());
+        if (x + 1 == m_size.width) return;
         for (int j = 0; j < m_mask.height; ++j) {
-            const std::uint8_t* buckets = Buckets(j) + x;
+            const std::uint8_t* buckets = Buckets(x, j);
             m_base.Leave(buckets[0]);
             m_base.Enter(buckets[m_mask.width], Pixel(x + m_mask.width, j));
         }
     }
 
-    /// The column of results below (x, 0), pixel by pixel.
-    void WalkDown(int x) const {
-        Tables running = m_base;
+    void PaintTile(int x, int columns, int y, int rows) {
+        if (m_counting) StartDifferences(x, y, rows);
+        for (int i = 0; i < columns; ++i) {
+            if (m_counting && i > 0) MoveDifferences(x + i, y, rows);
+            Column& column = m_tile->columns[i];
+            if (column.walked || (m_counting && CountDown(column, x + i, y, rows))) continue;
+            WalkDown(column.base, x + i);
+            column.walked = true;
+        }
+    }
+
+    /// All of a column below its first result, pixel by pixel.
+    void WalkDown(Tables running, int x) const {
         for (int y = 1; y < m_size.height; ++y) {
             const int entering = y + m_mask.height - 1;
-            const std::uint8_t* leave = Buckets(y - 1) + x;
-            const std::uint8_t* enter = Buckets(entering) + x;
+            const std::uint8_t *leave = Buckets(x, y - 1), *enter = Buckets(x, entering);
             for (int i = 0; i < m_mask.width; ++i) {
                 running.Leave(leave[i]);
                 running.Enter(enter[i], Pixel(x + i, entering));
@@ -224,45 +251,62 @@ class ModeFilter {
         }
     }
 
-    /// The same by counting; false where that cannot tell a colour.
-    bool CountDown(int x) const {
-        Counts counts(m_base.counts);
-        for (int y = 1; y < m_size.height; ++y) {
-            const Mode mode = counts.Add(Differences(y));
-            if (mode.count < 2) return false;
-            Put(x, y, ColourUnder(x, y, mode.bucket));
+    /// A tile's rows of a column by counting; false where that cannot tell a colour. Buckets come
+    /// first, so that the search for colours, whose branches are hard to foresee, need not wait.
+    bool CountDown(Column& column, int x, int y, int rows) const {
+        Counts counts = column.counts;
+        int winners[kTileRows], least = INT32_MAX;
+        for (int j = 0; j < rows; ++j) {
+            const Mode mode = counts.Add(m_tile->differences[j]);
+            winners[j] = mode.bucket;
+            least = Least(least, mode.count);
+        }
+        column.counts = counts;
+        if (least < 2) return false;
+
+        const std::uint8_t* pixel = nullptr;
+        for (int j = 0; j < rows; ++j) {
+            // Most often the winner stays, and its colour too unless the row below brings another.
+            const int below = y + j + m_mask.height - 1;
+            const int place = LastPlace(Buckets(x, below), m_mask.width, winners[j]);
+            if (place >= 0)
+                pixel = PixelAt(x + place, below);
+            else if (j == 0 || winners[j] != winners[j - 1])
+                pixel = LastPixel(x, below - 1, winners[j], column.base);
+            Put(x, y + j, LoadPixel(pixel));
         }
         return true;
     }
 
-    /// The colour of a bucket of at least two pixels under the mask at (x, y).
-    std::uint32_t ColourUnder(int x, int y, int bucket) const {
-        for (int row = y + m_mask.height - 1; row >= m_mask.height; --row) {
-            const int place =
-                LastPlace(Buckets(row) + x, m_mask.width, static_cast<std::uint8_t>(bucket));
-            if (place >= 0) return Pixel(x + place, row);
+    /// The last pixel of a bucket that came under the mask at x, down to a row.
+    const std::uint8_t* LastPixel(int x, int row, int bucket, const Tables& base) const {
+        for (; row >= m_mask.height; --row) {
+            const int place = LastPlace(Buckets(x, row), m_mask.width, bucket);
+            if (place >= 0) return PixelAt(x + place, row);
         }
-        return m_base.colours[bucket];  // none came on the way down
+        return reinterpret_cast<const std::uint8_t*>(
+            &base.colours[bucket]);  // none on the way down
     }
 
-    /// What a step down to row y changes in the mask's first column of results.
-    void StartDifferences() const {
-        for (int y = 1; y < m_size.height; ++y) {
-            std::int16_t* differences = Differences(y);
-            std::memset(differences, 0, kBuckets * sizeof *differences);
+    void StartDifferences(int x, int y, int rows) {
+        for (int j = 0; j < rows; ++j) {
+            std::int16_t* differences = m_tile->differences[j];
+            std::memset(differences, 0, sizeof m_tile->differences[j]);
+            const std::uint8_t* leave = Buckets(x, y + j - 1);
+            const std::uint8_t* enter = Buckets(x, y + j + m_mask.height - 1);
             for (int i = 0; i < m_mask.width; ++i) {
-                --differences[Slot(Buckets(y - 1)[i])];
-                ++differences[Slot(Buckets(y + m_mask.height - 1)[i])];
+                --differences[Slot(leave[i])];
+                ++differences[Slot(enter[i])];
             }
         }
     }
 
-    /// From the column of results x to the next one.
-    void MoveDifferences(int x) const {
-        for (int y = 1; y < m_size.height; ++y) {
-            std::int16_t* differences = Differences(y);
-            const std::uint8_t* leave = Buckets(y - 1) + x;
-            const std::uint8_t* enter = Buckets(y + m_mask.height - 1) + x;
+    /// From the column before x to x.
+    void MoveDifferences(int x, int y, int rows) {
+        for (int j = 0; j < rows; ++j) {
+            std::int16_t* differences = m_tile->differences[j];
+            const std::uint8_t* leave = Buckets(x - 1, y + j - 1);
+            const std::uint8_t* enter = Buckets(x - 1, y + j + m_mask.height - 1);
             ++differences[Slot(leave[0])];
             --differences[Slot(leave[m_mask.width])];
             --differences[Slot(enter[0])];
@@ -276,10 +320,11 @@ class ModeFilter {
     const int m_dstStep;
     const IppiSize m_size;
     const IppiSize m_mask;
-    const bool m_counting;  ///< counts fit 16 bits
-    Tables m_base;          ///< of the mask in the first row
-    Scratch<std::uint8_t> m_planeMemory;
-    Scratch<std::uint16_t> m_differenceMemory;
+    const bool m_counting;              ///< counts fit 16 bits
+    Tables m_base;                      ///< of the mask in the first row
+    std::uint8_t* m_buckets = nullptr;  ///< of every pixel, kPlaces of room before each row
+    int m_bucketStep = 0;
+    Tile* m_tile = nullptr;
 };
 
 }  // namespace

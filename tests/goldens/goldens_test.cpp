@@ -28,6 +28,7 @@ struct GoldenEffect {
     const char* presets[3];  ///< besides the defaults
 };
 constexpr GoldenEffect kEffects[] = {
+    {7, "oil", {"Broad Strokes", "Gritty", "Modified Palette"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
     {11, "water_color", {"Burnt", "Fun Day Out", "Smokey"}},
 };
