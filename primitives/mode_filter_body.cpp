@@ -22,9 +22,8 @@ constexpr int kBuckets = 256;
 // first and the number of its vector second: a lane that comes first holds lower buckets.
 constexpr int kCountLanes = kVectorBytes / 2;
 constexpr int kVectors = kBuckets / kCountLanes;
-constexpr std::int64_t kLargestArea = INT16_MAX;
 
-inline int Slot(int bucket) {
+inline unsigned Slot(unsigned bucket) {
     return bucket % kVectors * kCountLanes + bucket / kVectors;
 }
 
@@ -48,17 +47,30 @@ inline std::int32_t Largest(I32 v) {
 }
 
 template <std::size_t... I>
-inline I16 FirstBucketsFromTheTop(std::index_sequence<I...>) {
-    return I16{static_cast<std::int16_t>(kBuckets - 1 - kVectors * static_cast<int>(I))...};
+inline U16 LastBucketsFromTheTop(std::index_sequence<I...>) {
+    return U16{static_cast<std::uint16_t>(kBuckets - kVectors * (static_cast<int>(I) + 1))...};
 }
 
-/// How many pixels each bucket holds.
-class Counts {
+/// The fullest bucket, the lowest of equals, from the largest count of each lane and the vector
+/// that has it, counted from the last one.
+inline Mode ModeOf(U16 counts, U16 vectorsFromTheTop) {
+    // The count above what the bucket lacks to the last one: the largest of these wins.
+    const auto fromTheTop = (U32)(LastBucketsFromTheTop(Indexes<U16>{}) + vectorsFromTheTop);
+    const U32 even = ((U32)counts & 0xFFFF) << 8 | (fromTheTop & 0xFFFF);
+    const U32 odd = (U32)counts >> 16 << 8 | fromTheTop >> 16;
+    const std::int32_t mode = Largest(Max((I32)even, (I32)odd));
+    return {kBuckets - 1 - (mode & 255), mode >> 8};
+}
+
+/// How many pixels each bucket holds. A pixel is counted as kUnit of 16 bits.
+class WideCounts {
   public:
-    explicit Counts(const std::int32_t* counts) {
-        std::int16_t slots[kBuckets];
-        for (int i = 0; i < kBuckets; ++i) slots[Slot(i)] = static_cast<std::int16_t>(counts[i]);
-        for (int k = 0; k < kVectors; ++k) m_counts[k] = Load<I16>(slots + k * kCountLanes);
+    static constexpr int kUnit = 1;
+    static constexpr std::int64_t kLargestArea = INT16_MAX;
+
+    void Start(const std::int32_t* counts) {
+        for (unsigned i = 0; i < kBuckets; ++i)
+            m_counts[i % kVectors][i / kVectors] = static_cast<std::int16_t>(counts[i]);
     }
 
     /// Adds the differences, and finds the fullest bucket.
@@ -66,16 +78,38 @@ class Counts {
         I16 best = m_counts[0] += Load<I16>(differences), at{};
         for (int k = 1; k < kVectors; ++k) {
             const I16 counts = m_counts[k] += Load<I16>(differences + k * kCountLanes);
-            const auto fuller = (I16)(counts > best);
+            at = Max(at, (I16)((I16)(counts > best) & static_cast<std::int16_t>(k)));
             best = Max(counts, best);
-            at = Max(at, (I16)(fuller & static_cast<std::int16_t>(k)));
         }
-        // The count above 255 less the bucket: the largest of these is the lowest fullest bucket.
-        const I16 fromTheTop = FirstBucketsFromTheTop(Indexes<I16>{}) - at;
-        const I32 even = (I32)((U32)best & 0xFFFF) << 8 | (I32)((U32)fromTheTop & 0xFFFF);
-        const I32 odd = (I32)((U32)best >> 16) << 8 | (I32)((U32)fromTheTop >> 16);
-        const std::int32_t mode = Largest(Max(even, odd));
-        return {kBuckets - 1 - (mode & 255), mode >> 8};
+        return ModeOf((U16)best, (U16)(kVectors - 1 - at));
+    }
+
+  private:
+    I16 m_counts[kVectors];
+};
+
+/// The same for smaller masks. The number of a count's vector, from the last one, stands in the
+/// bits below the count, so that one comparison is for both. All is less 2^15, since the oldest
+/// instruction sets have the largest of signed numbers only.
+class TaggedCounts {
+  public:
+    static constexpr int kUnit = kVectors;
+    static constexpr std::int64_t kLargestArea = 65536 / kUnit - 1;
+
+    void Start(const std::int32_t* counts) {
+        for (unsigned i = 0; i < kBuckets; ++i) {
+            const int k = static_cast<int>(i % kVectors);
+            m_counts[k][i / kVectors] =
+                static_cast<std::int16_t>(counts[i] * kUnit + kVectors - 1 - k - 32768);
+        }
+    }
+
+    Mode Add(const std::int16_t* differences) {
+        I16 best = m_counts[0] += Load<I16>(differences);
+        for (int k = 1; k < kVectors; ++k)
+            best = Max(m_counts[k] += Load<I16>(differences + k * kCountLanes), best);
+        const U16 tagged = (U16)best ^ 0x8000;
+        return ModeOf(tagged / kUnit, tagged % kUnit);
     }
 
   private:
@@ -106,12 +140,13 @@ inline std::uint64_t Matches(const std::uint8_t* bytes, std::uint8_t value) {
 
 /// The last place of a value among `count` bytes, or -1. kPlaces bytes before them are readable.
 inline int LastPlace(const std::uint8_t* bytes, int count, int value) {
-    for (int end = count; end > 0; end -= kPlaces) {
-        std::uint64_t matches = Matches(bytes + end - kPlaces, static_cast<std::uint8_t>(value));
-        if (end < kPlaces) matches = matches >> (kPlaces - end) << (kPlaces - end);
-        if (matches) return end - 1 - __builtin_clzll(matches);
-    }
-    return -1;
+    const auto byte = static_cast<std::uint8_t>(value);
+    for (; count > kPlaces; count -= kPlaces)
+        if (const std::uint64_t matches = Matches(bytes + count - kPlaces, byte))
+            return count - 1 - __builtin_clzll(matches);
+    const int before = kPlaces - count;
+    const std::uint64_t matches = Matches(bytes - before, byte) >> before << before;
+    return matches ? count - 1 - __builtin_clzll(matches) : -1;
 }
 
 /// The filter's own tables: what the buckets hold and their colours.
@@ -139,17 +174,20 @@ struct Tables {
 constexpr int kTileColumns = 64, kTileRows = 32;
 
 /// A column of results on its way down.
+template <class Counts>
 struct Column {
     Tables base;  ///< of the mask in the first row
     Counts counts;
     bool walked;  ///< all of it is done
 };
 
+template <class Counts>
 struct Tile {
-    Column columns[kTileColumns];
+    Column<Counts> columns[kTileColumns];
     std::int16_t differences[kTileRows][kBuckets];  ///< what a step down to each row changes
 };
 
+template <class Counts>
 class ModeFilter {
   public:
     ModeFilter(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, IppiSize size,
@@ -160,7 +198,7 @@ class ModeFilter {
           m_dstStep(dstStep),
           m_size(size),
           m_mask(mask),
-          m_counting(std::int64_t{mask.width} * mask.height <= kLargestArea) {}
+          m_counting(std::int64_t{mask.width} * mask.height <= Counts::kLargestArea) {}
     ~ModeFilter() {
         ippiFree(m_buckets);
         ippsFree(m_tile);
@@ -173,7 +211,8 @@ class ModeFilter {
         const int height = m_size.height + m_mask.height - 1;
         if (width > INT32_MAX - kPlaces) return false;
         m_buckets = ippiMalloc_8u_C1(kPlaces + width, height, &m_bucketStep);
-        m_tile = static_cast<Tile*>(static_cast<void*>(ippsMalloc_8u(sizeof(Tile))));
+        m_tile =
+            static_cast<Tile<Counts>*>(static_cast<void*>(ippsMalloc_8u(sizeof(Tile<Counts>))));
         return m_buckets && m_tile;
     }
 
@@ -214,9 +253,9 @@ class ModeFilter {
     }
 
     /// The first result of a column; then the mask moves on to the next one.
-    void StartColumn(Column& column, int x) {
+    void StartColumn(Column<Counts>& column, int x) {
         column.base = m_base;
-        column.counts = Counts(m_base.counts);
+        column.counts.Start(m_base.counts);
         column.walked = false;
         Put(x, 0, m_base.ColourOfMode());
         if (x + 1 == m_size.width) return;
@@ -231,7 +270,7 @@ class ModeFilter {
         if (m_counting) StartDifferences(x, y, rows);
         for (int i = 0; i < columns; ++i) {
             if (m_counting && i > 0) MoveDifferences(x + i, y, rows);
-            Column& column = m_tile->columns[i];
+            Column<Counts>& column = m_tile->columns[i];
             if (column.walked || (m_counting && CountDown(column, x + i, y, rows))) continue;
             WalkDown(column.base, x + i);
             column.walked = true;
@@ -253,7 +292,7 @@ class ModeFilter {
 
     /// A tile's rows of a column by counting; false where that cannot tell a colour. Buckets come
     /// first, so that the search for colours, whose branches are hard to foresee, need not wait.
-    bool CountDown(Column& column, int x, int y, int rows) const {
+    bool CountDown(Column<Counts>& column, int x, int y, int rows) const {
         Counts counts = column.counts;
         int winners[kTileRows], least = INT32_MAX;
         for (int j = 0; j < rows; ++j) {
@@ -264,18 +303,31 @@ class ModeFilter {
         column.counts = counts;
         if (least < 2) return false;
 
-        const std::uint8_t* pixel = nullptr;
+        PutColours(winners, column.base, x, y, rows);
+        return true;
+    }
+
+    /// The colours of a column's winners, of at least two pixels each.
+    [[gnu::noinline]] void PutColours(const int* winners, const Tables& base, int x, int y,
+                                      int rows) const {
+        const int below = y + m_mask.height - 1, width = m_mask.width;
+        const std::ptrdiff_t srcStep = m_srcStep, dstStep = m_dstStep, bucketStep = m_bucketStep;
+        const std::uint8_t *entering = PixelAt(x, below), *buckets = Buckets(x, below);
+        std::uint8_t* to = Row(m_dst, m_dstStep, y) + 4 * static_cast<std::ptrdiff_t>(x);
+        const std::uint8_t* pixel = entering;
+        int winner = -1;
         for (int j = 0; j < rows; ++j) {
             // Most often the winner stays, and its colour too unless the row below brings another.
-            const int below = y + j + m_mask.height - 1;
-            const int place = LastPlace(Buckets(x, below), m_mask.width, winners[j]);
-            if (place >= 0)
-                pixel = PixelAt(x + place, below);
-            else if (j == 0 || winners[j] != winners[j - 1])
-                pixel = LastPixel(x, below - 1, winners[j], column.base);
-            Put(x, y + j, LoadPixel(pixel));
+            const std::ptrdiff_t place = LastPlace(buckets, width, winners[j]);
+            pixel = place < 0 ? pixel : entering + 4 * place;
+            if ((place < 0) & (winners[j] != winner))
+                pixel = LastPixel(x, below + j - 1, winners[j], base);
+            winner = winners[j];
+            StorePixel(to, LoadPixel(pixel));
+            entering += srcStep;
+            buckets += bucketStep;
+            to += dstStep;
         }
-        return true;
     }
 
     /// The last pixel of a bucket that came under the mask at x, down to a row.
@@ -295,8 +347,8 @@ class ModeFilter {
             const std::uint8_t* leave = Buckets(x, y + j - 1);
             const std::uint8_t* enter = Buckets(x, y + j + m_mask.height - 1);
             for (int i = 0; i < m_mask.width; ++i) {
-                --differences[Slot(leave[i])];
-                ++differences[Slot(enter[i])];
+                differences[Slot(leave[i])] -= Counts::kUnit;
+                differences[Slot(enter[i])] += Counts::kUnit;
             }
         }
     }
@@ -307,10 +359,10 @@ class ModeFilter {
             std::int16_t* differences = m_tile->differences[j];
             const std::uint8_t* leave = Buckets(x - 1, y + j - 1);
             const std::uint8_t* enter = Buckets(x - 1, y + j + m_mask.height - 1);
-            ++differences[Slot(leave[0])];
-            --differences[Slot(leave[m_mask.width])];
-            --differences[Slot(enter[0])];
-            ++differences[Slot(enter[m_mask.width])];
+            differences[Slot(leave[0])] += Counts::kUnit;
+            differences[Slot(leave[m_mask.width])] -= Counts::kUnit;
+            differences[Slot(enter[0])] -= Counts::kUnit;
+            differences[Slot(enter[m_mask.width])] += Counts::kUnit;
         }
     }
 
@@ -324,8 +376,17 @@ class ModeFilter {
     Tables m_base;                      ///< of the mask in the first row
     std::uint8_t* m_buckets = nullptr;  ///< of every pixel, kPlaces of room before each row
     int m_bucketStep = 0;
-    Tile* m_tile = nullptr;
+    Tile<Counts>* m_tile = nullptr;
 };
+
+template <class Counts>
+int Filter(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, IppiSize size,
+           IppiSize mask) {
+    ModeFilter<Counts> filter(src, srcStep, dst, dstStep, size, mask);
+    if (!filter.Allocate()) return kStatusNoMemory;
+    filter.Run();
+    return kStatusOk;
+}
 
 }  // namespace
 
@@ -337,11 +398,12 @@ int ModeFilter_8u_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, i
     if (srcStep < 4 * (std::int64_t{size.width} + mask.width - 1) ||
         dstStep < 4 * std::int64_t{size.width})
         return kStatusStepError;
-    if (std::int64_t{size.height} + mask.height - 1 > INT32_MAX) return kStatusBadArgument;
-    ModeFilter filter(src, srcStep, dst, dstStep, size, mask);
-    if (!filter.Allocate()) return kStatusNoMemory;
-    filter.Run();
-    return kStatusOk;
+    const std::int64_t area = std::int64_t{mask.width} * mask.height;
+    if (area > INT32_MAX || std::int64_t{size.height} + mask.height - 1 > INT32_MAX)
+        return kStatusBadArgument;
+    return area <= TaggedCounts::kLargestArea
+               ? Filter<TaggedCounts>(src, srcStep, dst, dstStep, size, mask)
+               : Filter<WideCounts>(src, srcStep, dst, dstStep, size, mask);
 }
 
 }  // namespace brushworks::BRUSHWORKS_VARIANT

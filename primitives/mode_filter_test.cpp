@@ -129,10 +129,17 @@ TEST(ModeFilter, WalksAsTold) {
     EXPECT_GT(lonely, 10000);  // the way round counting is taken, too
 }
 
-TEST(ModeFilter, CountsWindowsOfAnySize) {
-    // The largest number of pixels that is counted, and the first that is not: a flat picture has
-    // them all in one bucket.
-    for (const IppiSize mask : {IppiSize{217, 151}, {256, 128}, {1, 32768}})
+TEST(ModeFilter, CountsMasksOfAnySize) {
+    // Masks of the most pixels that each way of counting holds in any variant, and of one more. A
+    // flat picture has them all in one bucket.
+    for (const IppiSize mask : {IppiSize{89, 23},
+                                {64, 32},
+                                {91, 45},
+                                {64, 64},
+                                {1, 8191},
+                                {8192, 1},
+                                {217, 151},
+                                {256, 128}})
         for (const Look look : {Look::kPicture, Look::kFlat}) ExpectTheWalk({5, 7}, mask, look);
 }
 
