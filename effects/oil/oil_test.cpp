@@ -94,8 +94,7 @@ TEST_F(Oil, ASpeckGoesUnderInTheColourAroundIt) {
             Put(src, x, y, x == 21 && y == 13 ? 250 : 90);
             Put(expected, x, y, 90);
         }
-    host.values[kBrushSize].value = 1.0f;  // no window, 240 lines or more, is needed for this
-    host.values[kBrightness].value = 0.5f;
+    host.values[kBrushSize].value = 1.0f;  // 3 by 3 pixels in a field of so few lines
     RenderInfo field{};
     field.dwFlags = kRenderHasFieldMode;
     field.nFieldMode = 1;
