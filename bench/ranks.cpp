@@ -1,7 +1,8 @@
-// The primitives that order samples under a mask, medians and dilations, and their peers. The peers
-// work on all four channels, as C4 does.
+// The primitives that order samples under a mask, medians, modes and dilations, and their peers.
+// The peers work on all four channels, as C4 does.
 #include "bench/rows.h"
 #include "primitives/median.h"
+#include "primitives/mode_filter.h"
 #include "primitives/morphology.h"
 
 #include <algorithm>
@@ -61,6 +62,13 @@ Operation Median(const char* name, Call call, int side, Source source) {
             }};
 }
 
+Operation Mode(const char* name, int side, Source source) {
+    return {name, 8, [=] {
+                return ModeFilter_8u_C4R(source().data(), kWideStep, Images<u8>::Get().dst.data(),
+                                         kStep<u8, 4>, kFrame, {side, side});
+            }};
+}
+
 std::vector<u8> Ellipse(int side) {
     std::vector<u8> mask(std::size_t(side) * side);
     const int half = side / 2;
@@ -100,6 +108,9 @@ std::vector<Operation> Ranks() {
         Median("ippiFilterMedian_8u_AC4R, 9", ippiFilterMedian_8u_AC4R, 9, Picture),
         Median("ippiFilterMedian_8u_AC4R, 27", ippiFilterMedian_8u_AC4R, 27, Picture),
         Median("ippiFilterMedian_8u_AC4R, 55", ippiFilterMedian_8u_AC4R, 55, Picture),
+        Mode("ModeFilter_8u_C4R, 23", 23, Picture),
+        Mode("ModeFilter_8u_C4R, 45", 45, Picture),
+        Mode("ModeFilter_8u_C4R, 45, noise", 45, Noise),
         Dilation<u8, 4>("ippiDilateBorderReplicate_8u_C4R, 5", ippiMorphologyInitAlloc_8u_C4R,
                         ippiDilateBorderReplicate_8u_C4R, 5),
         Dilation<u8, 4>("ippiDilateBorderReplicate_8u_C4R, 25", ippiMorphologyInitAlloc_8u_C4R,

@@ -9,6 +9,9 @@ namespace brushworks {
 class COilPaint final : public CEffect {
   public:
     COilPaint();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

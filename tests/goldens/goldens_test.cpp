@@ -35,6 +35,7 @@ constexpr GoldenEffect kEffects[] = {
     {6, "mural", {"Bold", "Heaven", "Stark"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
     {5, "mosaic", {"Block Wall", "Pebbles", "Small Bricks"}},
+    {7, "oil", {"Broad Strokes", "Gritty", "Modified Palette"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
     {11, "water_color", {"Burnt", "Fun Day Out", "Smokey"}},
 };
