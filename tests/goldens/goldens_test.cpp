@@ -30,6 +30,7 @@ struct GoldenEffect {
 constexpr GoldenEffect kEffects[] = {
     {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
+    {8, "paper_collage", {"Backlit", "Etched", "Topagraphic Map"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
     {11, "water_color", {"Burnt", "Fun Day Out", "Smokey"}},
