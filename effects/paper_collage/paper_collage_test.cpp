@@ -221,6 +221,21 @@ TEST_F(PaperCollage, ShadowsFallTheWayOfTheAngle) {
     }
 }
 
+TEST_F(PaperCollage, WithoutMemoryForSheetsThePictureStaysAsItWas) {
+    CountingAllocator lender;
+    TestHost poor(&lender);
+    UseDefaults(*effect, poor);
+    RandomFrame src(40, 30, PixelFormatBGRA8, 1), dst(40, 30, PixelFormatBGRA8, 2),
+        before(40, 30, PixelFormatBGRA8, 2);
+    Processors::CCopyPlane().Process(&src, &before, 3, 3);
+    constexpr int kOwnPieces = 5;
+    for (lender.refuseAfter = 0; lender.refuseAfter < kOwnPieces; ++lender.refuseAfter) {
+        lender.lent = 0;
+        EXPECT_TRUE(Render(*effect, poor, src, dst));
+        EXPECT_TRUE(SamePixels(dst, before));
+    }
+}
+
 /// How the sheets would be laid without any thought of time: whole planes with a margin that holds
 /// all shadows.
 struct PlainCollage {

@@ -39,6 +39,17 @@ void PutMask(const CFrame& values, unsigned char level, CFrame& plane, int x, in
     }
 }
 
+/// What a sheet leaves free of a row of shadow goes to `visible`; in the row the sheet takes its
+/// place.
+void CoverShadow(const unsigned char* values, unsigned char level, unsigned char* shadow,
+                 unsigned char* visible, int width) {
+    for (int x = 0; x < width; ++x) {
+        const bool isCovered = values[x] >= level;
+        visible[x] = isCovered ? 0 : shadow[x];
+        shadow[x] = isCovered ? 255 : 0;
+    }
+}
+
 void WriteTopSheets(const CFrame& values, std::span<const Level> levels, CFrame& picture) {
     std::uint32_t colors[256] = {};
     for (const Level& level : levels) colors[level.value] = level.color | kOpaque;
@@ -79,21 +90,13 @@ void Sheets::LowPassFilter() {
 /// place.
 void Sheets::BlendShadow(const CFrame& values, const Level& level, std::uint32_t color,
                          CFrame& picture) {
-    CFrame& mask = m_masks[m_current];
-    const unsigned char cut = level.value;
+    const CFrame& mask = m_masks[m_current];
     Processors::CSetColor().Process(&m_strip, color);
     for (int top = 0; top < picture.m_nHeight; top += kStripRows) {
         const int rows = std::min(kStripRows, picture.m_nHeight - top);
-        for (int row = 0; row < rows; ++row) {
-            const unsigned char* value = At(values, 0, top + row);
-            unsigned char* shadow = At(mask, m_margin, m_margin + top + row);
-            unsigned char* alpha = At(m_alpha, 0, row);
-            for (int x = 0; x < picture.m_nWidth; ++x) {
-                const bool isCovered = value[x] >= cut;
-                alpha[x] = isCovered ? 0 : shadow[x];
-                shadow[x] = isCovered ? 255 : 0;
-            }
-        }
+        for (int y = 0; y < rows; ++y)
+            CoverShadow(At(values, 0, top + y), level.value, At(mask, m_margin, m_margin + top + y),
+                        At(m_alpha, 0, y), picture.m_nWidth);
         CFrame strip;
         strip.Init(&picture, 0, top, picture.m_nWidth, rows, false);
         Processors::CCopyPlane().Process(&m_alpha, &m_strip, 0, 3);
