@@ -9,6 +9,9 @@ namespace brushworks {
 class CEmbossedPaper final : public CEffect {
   public:
     CEmbossedPaper();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

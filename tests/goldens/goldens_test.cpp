@@ -33,6 +33,7 @@ constexpr GoldenEffect kEffects[] = {
     {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
     {4, "impressionist", {"Abstract", "Dark Murk", "Electrified Hair"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
+    {8, "paper_collage", {"Backlit", "Etched", "Topagraphic Map"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
     {5, "mosaic", {"Block Wall", "Pebbles", "Small Bricks"}},
     {7, "oil", {"Broad Strokes", "Gritty", "Modified Palette"}},
