@@ -28,6 +28,7 @@ struct GoldenEffect {
     const char* presets[3];  ///< besides the defaults
 };
 constexpr GoldenEffect kEffects[] = {
+    {0, "cartoon", {"Hallucination", "Light Cartoon", "Rough Texture"}},
     {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
