@@ -101,6 +101,31 @@ TEST(Clasterize, DrawsEachLayerToItsMean) {
         }
 }
 
+TEST(Clasterize, AMeanCountsEveryPixel) {
+    RandomFrame src(40, 4, PixelFormatBGRA8, 1), painted(40, 4, PixelFormatBGRA8, 2);
+    Fill(src, 0, 30, {10, 10, 10});
+    Fill(src, 30, 10, {40, 40, 40});
+    PaintSettings set = Plain();
+    set.layers = 0.0f;  // two; the light one is empty
+    ASSERT_TRUE(Clasterize(src, painted, set, false));
+    for (int x = 0; x < 40; ++x) ASSERT_EQ(Row(painted, 1)[4 * x], 17);
+}
+
+TEST(Clasterize, ShapesTonesBeforeTheLayersAndAfterThem) {
+    for (const auto& [layers, power] : {std::pair{0.0f, 2.0f}, {3.0f, 3.0f}}) {
+        RandomFrame src(5, 5, PixelFormatBGRA8, 1), painted(5, 5, PixelFormatBGRA8, 2);
+        Fill(src, 0, 5, {90, 90, 90});
+        PaintSettings set = Plain();
+        set.layers = layers;
+        set.contrast = 0.3f;
+        set.brightness = 0.75f;
+        ASSERT_TRUE(Clasterize(src, painted, set, false));
+        Contrast(&src, &src, 0.3f, 0.25f, power);
+        Contrast(&src, &src, 0.3f, 0.25f, 1.5f);
+        ExpectSameColours(painted, src);
+    }
+}
+
 TEST(Clasterize, TurnsTheHueAndScalesTheSaturation) {
     struct Case {
         float shift, color;
