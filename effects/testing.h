@@ -12,7 +12,7 @@
 namespace brushworks::testing {
 
 /// The effects that render on the processor, by their numbers.
-inline constexpr unsigned int kRenderingEffects[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
+inline constexpr unsigned int kRenderingEffects[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
 
 struct Releaser {
     template <class Object>

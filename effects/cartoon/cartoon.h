@@ -9,6 +9,9 @@ namespace brushworks {
 class CCartoonPro final : public CEffect {
   public:
     CCartoonPro();
+
+  protected:
+    bool Paint(RenderJob& job) override;
 };
 
 }  // namespace brushworks

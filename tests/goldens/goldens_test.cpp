@@ -30,6 +30,7 @@ struct GoldenEffect {
 constexpr GoldenEffect kEffects[] = {
     {1, "charcoal", {"Colored Chalk", "Light Sketch", "Soft Pink"}},
     {2, "colored_pencil", {"Dark Colors", "Faded", "Penciled Lines"}},
+    {0, "cartoon", {"Hallucination", "Light Cartoon", "Rough Texture"}},
     {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
     {4, "impressionist", {"Abstract", "Dark Murk", "Electrified Hair"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
