@@ -16,8 +16,7 @@ namespace brushworks {
 namespace {
 
 using testing::EffectPointer;
-
-constexpr unsigned int kEffects = 12;
+using testing::kEffects;
 
 TEST(Effects, AnswerTheirNumbersAndNoMore) {
     struct Expected {

@@ -237,7 +237,7 @@ std::string NameOf(const ::testing::TestParamInfo<unsigned int>& info) {
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Effects, EveryEffect, ::testing::ValuesIn(kRenderingEffects), NameOf);
+INSTANTIATE_TEST_SUITE_P(Effects, EveryEffect, ::testing::Range(0u, kEffects), NameOf);
 
 }  // namespace
 }  // namespace brushworks

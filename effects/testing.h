@@ -11,8 +11,8 @@
 
 namespace brushworks::testing {
 
-/// The effects that render on the processor, by their numbers.
-inline constexpr unsigned int kRenderingEffects[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
+/// Effects are numbered from 0.
+inline constexpr unsigned int kEffects = 12;
 
 struct Releaser {
     template <class Object>

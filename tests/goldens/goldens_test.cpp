@@ -28,16 +28,16 @@ struct GoldenEffect {
     const char* presets[3];  ///< besides the defaults
 };
 constexpr GoldenEffect kEffects[] = {
+    {0, "cartoon", {"Hallucination", "Light Cartoon", "Rough Texture"}},
     {1, "charcoal", {"Colored Chalk", "Light Sketch", "Soft Pink"}},
     {2, "colored_pencil", {"Dark Colors", "Faded", "Penciled Lines"}},
-    {0, "cartoon", {"Hallucination", "Light Cartoon", "Rough Texture"}},
     {3, "halo", {"Cotton", "Edgy Blobs", "Noir Abstract"}},
     {4, "impressionist", {"Abstract", "Dark Murk", "Electrified Hair"}},
+    {5, "mosaic", {"Block Wall", "Pebbles", "Small Bricks"}},
     {6, "mural", {"Bold", "Heaven", "Stark"}},
+    {7, "oil", {"Broad Strokes", "Gritty", "Modified Palette"}},
     {8, "paper_collage", {"Backlit", "Etched", "Topagraphic Map"}},
     {9, "pencil_rubbing", {"Bleached", "Changed Colors", "Gray"}},
-    {5, "mosaic", {"Block Wall", "Pebbles", "Small Bricks"}},
-    {7, "oil", {"Broad Strokes", "Gritty", "Modified Palette"}},
     {10, "posterize", {"Dots", "Offset Printing", "Subdued"}},
     {11, "water_color", {"Burnt", "Fun Day Out", "Smokey"}},
 };
