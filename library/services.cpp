@@ -1,7 +1,9 @@
-// The defaults of licensing and statistics: an unrestricted product that tells nobody anything.
+// The defaults of licensing, statistics and panels: an unrestricted product that tells nobody
+// anything.
 #include <atomic>
 
 #include "library/licensing.h"
+#include "library/panels.h"
 #include "library/statistics.h"
 
 namespace brushworks {
@@ -21,10 +23,23 @@ class KeepsNothing final : public IUsageStatistics {
     void ReportRender(const char*, const FrameParams*) override {}
 };
 
+class NoPanels final : public IPanels {
+  public:
+    std::optional<std::string> ChooseToSave(OpaqueWindowPtr*, const FileRequest&) override {
+        return std::nullopt;
+    }
+    std::optional<std::string> ChooseToOpen(OpaqueWindowPtr*, const FileRequest&) override {
+        return std::nullopt;
+    }
+    void Alert(OpaqueWindowPtr*, const AlertTexts&) override {}
+};
+
 Unrestricted g_unrestricted;
 KeepsNothing g_keepsNothing;
+NoPanels g_noPanels;
 std::atomic<ILicensing*> g_licensing = &g_unrestricted;
 std::atomic<IUsageStatistics*> g_statistics = &g_keepsNothing;
+std::atomic<IPanels*> g_panels = &g_noPanels;
 
 }  // namespace
 
@@ -40,6 +55,13 @@ IUsageStatistics& Statistics() {
 }
 void SetStatistics(IUsageStatistics* statistics) {
     g_statistics = statistics ? statistics : &g_keepsNothing;
+}
+
+IPanels& Panels() {
+    return *g_panels.load();
+}
+void SetPanels(IPanels* panels) {
+    g_panels = panels ? panels : &g_noPanels;
 }
 
 }  // namespace brushworks
