@@ -1,10 +1,10 @@
 // Toonery Plus on the processor: paint, lines over it, broad local contrast, mix.
+#include "effects/blend_with_source.h"
 #include "effects/cartoon/cartoon.h"
 #include "effects/cartoon/line_layer.h"
 #include "effects/cartoon/paint_layer.h"
 #include "effects/detail_enhancer.h"
 #include "library/working_frames.h"
-#include "processors/mix.h"
 #include "processors/set_color.h"
 
 namespace brushworks {
@@ -103,9 +103,7 @@ bool CCartoonPro::Paint(RenderJob& job) {
     DetailEnchancer(&work.destination, &work.destination, set.shading + set.shading,
                     set.shading + 0.01f, /*field=*/false, &job.allocator);
     work.Finish(job);
-    if (set.blend < 1.0f)
-        Processors::CMix().Process(&job.source, &job.destination, &job.destination,
-                                   1.0f - set.blend, set.blend);
+    BlendWithSource(job, set.blend);
     return true;
 }
 

@@ -1,12 +1,12 @@
 // Oil on the processor: daubs as wide as the brush, colours, a median that smoothes them, mix.
 #include "effects/oil/oil.h"
 
+#include "effects/blend_with_source.h"
 #include "effects/patches.h"
 #include "library/working_frames.h"
 #include "primitives/mode_filter.h"
 #include "processors/canvaskit/fill_border.h"
 #include "processors/canvaskit/hsv.h"
-#include "processors/mix.h"
 #include "processors/region.h"
 
 namespace brushworks {
@@ -58,9 +58,7 @@ bool COilPaint::Paint(RenderJob& job) {
                        job.bFields))
         return false;
     work.Finish(job);
-    if (set.blend < 1.0f)
-        Processors::CMix().Process(&job.source, &job.destination, &job.destination,
-                                   1.0f - set.blend, set.blend);
+    BlendWithSource(job, set.blend);
     return true;
 }
 

@@ -1,11 +1,11 @@
 // Water Color on the processor: colours, a median as wide as the brush, sharpened patches, mix.
 #include "effects/water_color/water_color.h"
 
+#include "effects/blend_with_source.h"
 #include "effects/patches.h"
 #include "library/working_frames.h"
 #include "processors/canvaskit/sharpen.h"
 #include "processors/color_twist.h"
-#include "processors/mix.h"
 
 namespace brushworks {
 namespace {
@@ -50,9 +50,7 @@ bool CWaterColor::Paint(RenderJob& job) {
     if (!SmoothPatches(work.destination, brush, job.bFields)) return false;
     if (!Canvaskit::CSharpen().Process(work.destination)) return false;
     work.Finish(job);
-    if (set.blend < 1.0f)
-        Processors::CMix().Process(&job.source, &job.destination, &job.destination,
-                                   1.0f - set.blend, set.blend);
+    BlendWithSource(job, set.blend);
     return true;
 }
 
