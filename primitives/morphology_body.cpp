@@ -209,7 +209,7 @@ class SmallDilation {
                 WidenRow<Channels>(Row(src, srcStep, from), size_.width,
                                    std::int64_t{x} + mask_.left, pixels + reach, RingRow(made));
             }
-            const Sample* seen[kMostPositions];
+            const Sample* seen[kMostPositions] = {};
             for (int k = 0; k < count_; ++k)
                 seen[k] = RingRow(std::int64_t{y} + positions_[k].row) + positions_[k].offset;
             StoreLargest(seen, std::ptrdiff_t{pixels} * Channels,

@@ -83,7 +83,7 @@ class Pencils {
 
   private:
     static std::size_t Index(int sample, int difference) {
-        return static_cast<std::size_t>(256 * sample + difference);
+        return std::size_t{256} * static_cast<unsigned>(sample) + static_cast<unsigned>(difference);
     }
 
     /// The largest difference from the neighbours in the pixel's own column and the one to its
