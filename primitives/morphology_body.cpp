@@ -209,9 +209,10 @@ class SmallDilation {
                 WidenRow<Channels>(Row(src, srcStep, from), size_.width,
                                    std::int64_t{x} + mask_.left, pixels + reach, RingRow(made));
             }
-            const Sample* seen[kMostPositions] = {};
-            for (int k = 0; k < count_; ++k)
-                seen[k] = RingRow(std::int64_t{y} + positions_[k].row) + positions_[k].offset;
+            const Sample* seen[kMostPositions];
+            int k = 0;  // no mask is without a position
+            do seen[k] = RingRow(std::int64_t{y} + positions_[k].row) + positions_[k].offset;
+            while (++k < count_);
             StoreLargest(seen, std::ptrdiff_t{pixels} * Channels,
                          Row(dst, dstStep, y) + std::ptrdiff_t{Channels} * x);
         }
