@@ -60,7 +60,7 @@ struct Picture {
 struct Plane {
     Plane(int width, int height, std::vector<std::uint8_t> samples = {})
         : bytes(std::move(samples)) {
-        bytes.resize(static_cast<std::size_t>(width * height));
+        bytes.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
         params = {bytes.data(), width, height, width, 1, 0, 0, PixelFormatMono8, false};
     }
     /// The same rows told from the last one on.
