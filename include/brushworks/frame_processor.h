@@ -21,8 +21,8 @@ namespace brushworks {
 /// True is done. False is refused, or out of memory: null records or buffers, sizes below 1, rows
 /// that overlap in memory (a stride of 0 among them), a depth that does not suit the format, floats
 /// that are not aligned to 4 bytes, one frame of bytes with one of floats, and different bytes per
-/// pixel but where an operation tells otherwise; further what it tells below. A channel is its place
-/// in the pixel's memory order, 0 to 3, in colour formats.
+/// pixel but where an operation tells otherwise; further what it tells below. A channel is its
+/// place in the pixel's memory order, 0 to 3, in colour formats.
 class IFrameProcessor : public IUnknown {
   public:
     /// Copies pixels as they are, also between formats of the same samples. Formats that
