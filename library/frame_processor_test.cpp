@@ -438,17 +438,21 @@ TEST_F(FrameProcessorTest, HostileRecordsAreRefused) {
         [](P& p) { p.pfPixelFormat = p.nDepth == 4 ? PixelFormatBGRA32f : PixelFormatBGRA8; },
     };
     for (const PixelFormat format : {PixelFormatBGRA8, PixelFormatARGB32f}) {
-        std::size_t served = 0;
+        std::size_t served = 0, servedPairs = 0;
         for (const Call& call : calls) {
             SCOPED_TRACE("call " + std::to_string(&call - calls.data()));
             Picture a(3, 2, format), b(3, 2, format);
-            served += call(service, &a.params, &b.params);
+            const bool done = call(service, &a.params, &b.params);
+            const bool ofTwo = done && !call(service, &a.params, nullptr);
+            served += done;
+            servedPairs += ofTwo;
             const std::vector<std::uint8_t> before = b.Bytes();
             EXPECT_FALSE(call(service, nullptr, &b.params));
             for (const auto& change : changes) {
                 P broken = a.params;
                 change(broken);
                 EXPECT_FALSE(call(service, &broken, &b.params)) << &change - changes;
+                EXPECT_FALSE(ofTwo && call(service, &a.params, &broken)) << &change - changes;
             }
             if (format == PixelFormatARGB32f) {
                 P crooked = a.params;
@@ -461,6 +465,7 @@ TEST_F(FrameProcessorTest, HostileRecordsAreRefused) {
         // All but three float operations serve bytes; Resize and the result of SwapChannels do not
         // serve floats.
         EXPECT_EQ(served, calls.size() - (format == PixelFormatBGRA8 ? 3 : 2));
+        EXPECT_EQ(servedPairs, format == PixelFormatBGRA8 ? 11u : 10u);
     }
     Picture bytes(3, 2, PixelFormatBGRA8), floats(3, 2, PixelFormatARGB32f);
     EXPECT_FALSE(service.SwapChannels(&bytes.params, nullptr));
