@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "library/class_table.h"
+#include "library/frame_processor.h"
 #include "library/statistics.h"
 
 namespace brushworks {
@@ -47,6 +48,10 @@ std::uint32_t CArtisticEffects::Release() {
 
 IVideoEffect* CArtisticEffects::CreateEffect(unsigned int index) {
     return NewEffect(index);
+}
+
+IFrameProcessor* CArtisticEffects::GetFrameProcessor() {
+    return new FrameProcessor;
 }
 
 }  // namespace brushworks

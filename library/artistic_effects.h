@@ -55,7 +55,7 @@ class CArtisticEffects final : public DLLDependentObject,
     IVideoEffect* CreateEffect(unsigned int index) override;
     bool OpenHelp(OpaqueWindowPtr*, unsigned int) override { return false; }
     IUnknown* GetActivationManager() override { return nullptr; }
-    IFrameProcessor* GetFrameProcessor() override { return nullptr; }
+    IFrameProcessor* GetFrameProcessor() override;
     IPresetSaver* GetPresetSaver() override { return nullptr; }
 
   private:

@@ -16,24 +16,39 @@ bool DepthSuits(const CFrame& frame) {
     if (Processors::IsByteColor(frame) || Processors::IsFloatPlane(frame))
         return frame.m_nDepth == 4;
     if (Processors::IsFloatColor(frame)) return frame.m_nDepth == 16;
-    return frame.m_nDepth > 0;
+    return frame.m_pfPixelFormat != PixelFormatMono8 || frame.m_nDepth == 1;
 }
 
-bool IsSound(const CFrame& frame) {
+bool IsAligned(const CFrame& frame) {
     const int sample = BytesPerSample(frame);
-    return frame.m_pBuffer && frame.m_nWidth > 0 && frame.m_nHeight > 0 && DepthSuits(frame) &&
-           std::int64_t{frame.m_nWidth} * frame.m_nDepth <= frame.m_nByteSpan &&
-           reinterpret_cast<std::uintptr_t>(frame.m_pBuffer) % sample == 0 &&
+    return reinterpret_cast<std::uintptr_t>(frame.m_pBuffer) % sample == 0 &&
            frame.m_nByteSpan % sample == 0;
 }
 
 }  // namespace
 
+bool HasSoundRows(const CFrame& frame) {
+    return frame.m_pBuffer && frame.m_nWidth > 0 && frame.m_nHeight > 0 && frame.m_nDepth > 0 &&
+           std::int64_t{frame.m_nWidth} * frame.m_nDepth <= frame.m_nByteSpan;
+}
+
+bool OpenHostFrame(const FrameParams* params, CFrame& frame) {
+    return frame.Init(params) && HasSoundRows(frame) && DepthSuits(frame) && IsAligned(frame);
+}
+
+bool HaveSamplesAlike(const CFrame& a, const CFrame& b) {
+    return BytesPerSample(a) == BytesPerSample(b);
+}
+
+bool HavePixelsAlike(const CFrame& a, const CFrame& b) {
+    return HaveSamplesAlike(a, b) && a.m_nDepth == b.m_nDepth;
+}
+
 bool HostFrames::Open(const FrameParams* sourceParams, const FrameParams* destinationParams) {
-    if (!m_wholeSource.Init(sourceParams) || !m_wholeDestination.Init(destinationParams))
+    if (!OpenHostFrame(sourceParams, m_wholeSource) ||
+        !OpenHostFrame(destinationParams, m_wholeDestination) ||
+        !HavePixelsAlike(m_wholeSource, m_wholeDestination))
         return false;
-    if (!IsSound(m_wholeSource) || !IsSound(m_wholeDestination)) return false;
-    if (m_wholeSource.m_nDepth != m_wholeDestination.m_nDepth) return false;
     const IppiSize overlap = Processors::CommonSize(m_wholeSource, m_wholeDestination);
     source.Init(&m_wholeSource, 0, 0, overlap.width, overlap.height, m_wholeSource.m_bFlipped);
     destination.Init(&m_wholeDestination, 0, 0, overlap.width, overlap.height,

@@ -21,7 +21,7 @@ class IEffectLibrary : public IUnknown {
     virtual bool OpenHelp(OpaqueWindowPtr* parent, unsigned int effect) = 0;
     /// The licensing manager, or null where the collection needs none. [any thread]
     virtual IUnknown* GetActivationManager() = 0;
-    /// A new frame service, or null where this build has none. [any thread]
+    /// A new frame service; it does not count for CanUnloadDLLNow. [any thread]
     virtual IFrameProcessor* GetFrameProcessor() = 0;
     /// A new preset service, or null where this build has none. [any thread]
     virtual IPresetSaver* GetPresetSaver() = 0;

@@ -196,6 +196,90 @@ TEST_F(Contract, ARenderWithAndWithoutTheHostsMemory) {
     library->Release();
 }
 
+/// Each operation leaves a trace that no other one leaves, so that one in another's place is seen.
+TEST_F(Contract, TheFrameServiceInItsOrder) {
+    Library* library = getLibrary();
+    FrameService* service = library->GetFrameProcessor();
+    FrameService* second = library->GetFrameProcessor();
+    ASSERT_TRUE(service && second);
+    EXPECT_NE(service, second);
+    EXPECT_EQ(second->Release(), 0u);
+    EXPECT_EQ(library->Release(), 0u);
+    EXPECT_TRUE(canUnload());  // with the service still alive
+    void* face = nullptr;
+    ASSERT_EQ(service->QueryInterface(kFrames, &face), 0u);
+    EXPECT_EQ(face, service);
+    EXPECT_EQ(service->Release(), 1u);
+
+    using Bytes = std::vector<uint8_t>;
+    const auto frame = [](Bytes& bytes, int width, int depth = 4, int format = 0) {
+        return Frame{bytes.data(),
+                     width,
+                     static_cast<int>(bytes.size()) / (width * depth),
+                     width * depth,
+                     depth,
+                     0,
+                     0,
+                     format,
+                     false};
+    };
+    Bytes one = {10, 20, 30, 255, 1, 2, 3, 51}, other(8);  // two rows of one pixel
+    Frame a = frame(one, 1), b = frame(other, 1);
+    EXPECT_TRUE(service->Copy(&a, &b));
+    EXPECT_EQ(other, one);
+    EXPECT_TRUE(service->ReverseChannels(&a, &b));
+    EXPECT_EQ(other, (Bytes{255, 30, 20, 10, 51, 3, 2, 1}));
+    EXPECT_TRUE(service->SetChannelValue(&b, 1, 77));
+    EXPECT_EQ(other, (Bytes{255, 77, 20, 10, 51, 77, 2, 1}));
+    unsigned order[4] = {3, 0, 1, 2};
+    EXPECT_TRUE(service->SwapChannels(&b, order));
+    EXPECT_EQ(other, (Bytes{10, 255, 77, 20, 1, 51, 77, 2}));
+    EXPECT_TRUE(service->FlipInto(&a, &b));
+    EXPECT_EQ(other, (Bytes{1, 2, 3, 51, 10, 20, 30, 255}));
+    EXPECT_TRUE(service->FlipInPlace(&b));
+    EXPECT_EQ(other, one);
+    EXPECT_TRUE(service->CopyChannel(&a, &b, 0, 2));
+    EXPECT_EQ(other, (Bytes{10, 20, 10, 255, 1, 2, 1, 51}));
+    EXPECT_TRUE(service->InvertChannel(&b, 0));
+    EXPECT_EQ(other, (Bytes{245, 20, 10, 255, 254, 2, 1, 51}));
+    EXPECT_TRUE(service->AlphaPremul(&b));
+    EXPECT_EQ(other, (Bytes{245, 20, 10, 255, 50, 0, 0, 51}));
+    Bytes clear(8, 0);
+    Frame nothing = frame(clear, 1);
+    EXPECT_TRUE(service->AlphaBlend(&nothing, &a, &b, true));
+    EXPECT_EQ(other, one);
+
+    Bytes wide(16);
+    Frame w = frame(wide, 2);
+    EXPECT_TRUE(service->Resize(&a, &w, 0));
+    EXPECT_EQ(wide, (Bytes{10, 20, 30, 255, 10, 20, 30, 255, 1, 2, 3, 51, 1, 2, 3, 51}));
+    Rect lowest = {0, 1, 0, 1};
+    EXPECT_TRUE(service->ResizeCrop(&a, &lowest, &w, 0));
+    EXPECT_EQ(wide, (Bytes{1, 2, 3, 51, 1, 2, 3, 51, 1, 2, 3, 51, 1, 2, 3, 51}));
+    Bytes packed = {235, 128, 16, 128}, pixels(8);  // white and black
+    Frame p = frame(packed, 2, 2), q = frame(pixels, 2);
+    EXPECT_TRUE(service->UnpackYUY2(&p, &q, 9, nullptr));
+    EXPECT_EQ(pixels, (Bytes{255, 255, 255, 9, 0, 0, 0, 9}));
+    packed = {0, 0, 0, 0};
+    EXPECT_TRUE(service->PackYUY2(&q, &p, nullptr));
+    EXPECT_EQ(packed, (Bytes{235, 128, 16, 128}));
+
+    float sample[4] = {0.5f, 0.25f, 0.25f, 0.25f};
+    Frame f{reinterpret_cast<uint8_t*>(sample), 1, 1, 16, 16, 0, 0, 4, false};
+    const float bounds[4] = {0.75f, 0.25f, 0, 0};
+    EXPECT_TRUE(service->RaiseToBounds(&f, bounds));
+    EXPECT_EQ(sample[0], 0.75f);
+    EXPECT_TRUE(service->Square(&f));
+    EXPECT_EQ(sample[1], 0.0625f);
+    EXPECT_TRUE(service->SquareRoot(&f));
+    EXPECT_EQ(sample[1], 0.25f);
+    EXPECT_TRUE(service->ARGB32ToAppleR4FL(&f, &f));
+    EXPECT_NEAR(sample[1], 0.25f * 219 / 255, 0.001f);  // luma has no offset here
+    EXPECT_TRUE(service->AppleR4FLToARGB32(&f, &f));
+    EXPECT_NEAR(sample[1], 0.25f, 0.001f);
+    EXPECT_EQ(service->Release(), 0u);
+}
+
 TEST_F(Contract, GPUCapsWithoutAContextSayNo) {
     Library* library = getLibrary();
     Effect* effect = library->CreateEffect(7);

@@ -93,12 +93,38 @@ struct ToolTips : Unknown {
     virtual const char* EnumToolTip(unsigned) = 0;
 };
 
+struct Rect {
+    int32_t left, top, right, bottom;
+};
+
+struct FrameService : Unknown {
+    virtual bool Copy(Frame*, Frame*) = 0;
+    virtual bool Resize(Frame*, Frame*, int) = 0;
+    virtual bool ReverseChannels(Frame*, Frame*) = 0;
+    virtual bool UnpackYUY2(Frame*, Frame*, uint8_t, Memory*) = 0;
+    virtual bool PackYUY2(Frame*, Frame*, Memory*) = 0;
+    virtual bool SetChannelValue(Frame*, unsigned, unsigned) = 0;
+    virtual bool AlphaBlend(Frame*, Frame*, Frame*, bool) = 0;
+    virtual bool SwapChannels(Frame*, unsigned*) = 0;
+    virtual bool AlphaPremul(Frame*) = 0;
+    virtual bool AppleR4FLToARGB32(Frame*, Frame*) = 0;
+    virtual bool ARGB32ToAppleR4FL(Frame*, Frame*) = 0;
+    virtual bool FlipInto(Frame*, Frame*) = 0;
+    virtual bool FlipInPlace(Frame*) = 0;
+    virtual bool CopyChannel(Frame*, Frame*, int, int) = 0;
+    virtual bool InvertChannel(Frame*, int) = 0;
+    virtual bool Square(Frame*) = 0;
+    virtual bool SquareRoot(Frame*) = 0;
+    virtual bool RaiseToBounds(Frame*, const float*) = 0;
+    virtual bool ResizeCrop(Frame*, Rect*, Frame*, int) = 0;
+};
+
 struct Library : Unknown {
     virtual const char* GetName() = 0;
     virtual Effect* CreateEffect(unsigned) = 0;
     virtual bool OpenHelp(void*, unsigned) = 0;
     virtual Unknown* GetActivationManager() = 0;
-    virtual Unknown* GetFrameProcessor() = 0;
+    virtual FrameService* GetFrameProcessor() = 0;
     virtual Unknown* GetPresetSaver() = 0;
 };
 
@@ -107,6 +133,7 @@ inline const Guid kUnknown    = {0x00000000, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 
 inline const Guid kLibrary    = {0x9B8D0B5F, 0x065A, 0x46B1, {0x88, 0x9C, 0xF0, 0x57, 0x93, 0x4C, 0xE8, 0xA4}};
 inline const Guid kLanguages  = {0xF6E85D4E, 0xDC38, 0x476C, {0xAC, 0x59, 0xEB, 0x50, 0x0B, 0xA9, 0x3C, 0xDC}};
 inline const Guid kMemory     = {0x9F635B81, 0x506A, 0x4DEE, {0x9D, 0xC7, 0x9E, 0x0B, 0xAB, 0xA2, 0xD5, 0xA2}};
+inline const Guid kFrames     = {0xB9D19C11, 0x28CC, 0x4C17, {0x80, 0xC6, 0x23, 0x5D, 0xAD, 0x31, 0x68, 0x4A}};
 inline const Guid kToolTips   = {0xC40A4523, 0xECE1, 0x493B, {0xA7, 0x3D, 0xEC, 0xF1, 0x15, 0x38, 0xF6, 0x00}};
 inline const Guid kEffect     = {0x0BCF7FCD, 0x6BE5, 0x4A40, {0x9A, 0x49, 0xA6, 0x8D, 0x6B, 0xF6, 0x60, 0x26}};
 inline const Guid kGPUEffect  = {0x418A60D9, 0xFCA6, 0x434F, {0x9F, 0xE8, 0xEB, 0x6B, 0xC1, 0x1C, 0x5C, 0x13}};
