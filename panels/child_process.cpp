@@ -34,6 +34,7 @@ class Descriptor {
 
 std::vector<char*> Pointers(const std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
     return pointers;
 }
@@ -60,7 +61,7 @@ pid_t Start(const std::string& program, const std::vector<std::string>& argument
     sigset_t signals;
     sigemptyset(&signals);
     posix_spawnattr_setsigmask(&attributes, &signals);
-    for (const int number : {SIGPIPE, SIGCHLD, SIGINT, SIGTERM}) sigaddset(&signals, number);
+    for (const int number : {SIGPIPE, SIGCHLD}) sigaddset(&signals, number);
     posix_spawnattr_setsigdefault(&attributes, &signals);
 
     pid_t process = -1;

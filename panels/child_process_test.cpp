@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -79,6 +80,9 @@ TEST_F(ChildProcess, GetsNoFilesOfTheHost) {
 }
 
 TEST_F(ChildProcess, IsNotWaitedForThroughItsHelpers) {
+    const int watch = static_cast<int>(syscall(SYS_pidfd_open, getpid(), 0));
+    if (watch < 0) GTEST_SKIP() << "this kernel cannot tell the end of a process from its pipe's";
+    close(watch);
     const auto start = std::chrono::steady_clock::now();
     const ProcessResult result = Shell("sleep 60 & echo $!");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));

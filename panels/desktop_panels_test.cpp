@@ -8,9 +8,7 @@
 namespace brushworks {
 namespace {
 
-using ::testing::Contains;
 using ::testing::IsEmpty;
-using ::testing::Not;
 using ::testing::SizeIs;
 
 class DesktopPanelsTest : public testing::DesktopTest {

@@ -117,7 +117,7 @@ ProcessResult RunDialog(const char* name, MakeArguments arguments) {
     const std::vector<std::string> environment = InUTF8(OwnEnvironment());
     const Arguments full = arguments(Manner::kFull);
     const Arguments plain = arguments(Manner::kPlain);
-    const ProcessResult result = RunProgram(program, full, environment);
+    ProcessResult result = RunProgram(program, full, environment);
     if (!WasRefused(result) || plain == full) return result;
     return RunProgram(program, plain, environment);
 }

@@ -21,7 +21,6 @@ namespace {
 
 using ::testing::IsEmpty;
 using testing::Reaction;
-using ::testing::SizeIs;
 using testing::TestingBus;
 using testing::TestingPortal;
 
