@@ -1,7 +1,6 @@
 #include "panels/dbus.h"
 
 #include <dlfcn.h>
-#include <signal.h>
 
 namespace brushworks::dbus {
 namespace {
@@ -35,19 +34,6 @@ bool FindAll(void* library, Functions& f) {
            BRUSHWORKS_FIND(dbus_message_iter_recurse);
 #undef BRUSHWORKS_FIND
 }
-
-/// libdbus ignores SIGPIPE for the whole process when it opens a connection, though it writes
-/// without raising it; what the signal does is the host's to say.
-class KeptSigpipe {
-  public:
-    KeptSigpipe() { sigaction(SIGPIPE, nullptr, &m_action); }
-    KeptSigpipe(const KeptSigpipe&) = delete;
-    KeptSigpipe& operator=(const KeptSigpipe&) = delete;
-    ~KeptSigpipe() { sigaction(SIGPIPE, &m_action, nullptr); }
-
-  private:
-    struct sigaction m_action {};
-};
 
 }  // namespace
 
@@ -135,11 +121,7 @@ std::optional<Reader> Reader::In(int type) {
 std::optional<Bus> Bus::Open(const std::string& address, int milliseconds) {
     const Functions* f = Load();
     if (!f) return std::nullopt;
-    Connection* connection = nullptr;
-    {
-        const KeptSigpipe kept;
-        connection = f->dbus_connection_open_private(address.c_str(), nullptr);
-    }
+    Connection* connection = f->dbus_connection_open_private(address.c_str(), nullptr);
     if (!connection) return std::nullopt;
     Bus bus(connection);
     // By hand: libdbus's own greeting waits without a limit of ours, and has the process end with
