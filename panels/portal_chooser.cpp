@@ -91,12 +91,23 @@ std::optional<std::string> FindPortal(dbus::Bus& bus) {
     return sender ? std::optional<std::string>(sender) : std::nullopt;
 }
 
-/// Asks for the panel, and returns the path of the object that will answer.
-std::optional<std::string> Show(dbus::Bus& bus, WindowId parent, Purpose purpose,
-                                const FileRequest& request) {
+/// Has the answers of this portal delivered, and word of its end.
+bool ListenTo(dbus::Bus& bus, const std::string& portal) {
+    const std::string answers =
+        "type='signal',interface='org.freedesktop.portal.Request',member='Response',sender='";
+    const std::string ends =
+        "type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',arg1='";
+    return bus.Listen(answers + portal + "'", kPatience) &&
+           bus.Listen(ends + portal + "'", kPatience);
+}
+
+/// Asks this portal, and none that may have followed it, for the panel. Returns the path of the
+/// object that will answer.
+std::optional<std::string> Show(dbus::Bus& bus, const std::string& portal, WindowId parent,
+                                Purpose purpose, const FileRequest& request) {
     const bool isSave = purpose == Purpose::kSave;
     const dbus::MessagePtr reply = bus.Call(
-        kPortal, kFileChooser, isSave ? "SaveFile" : "OpenFile", kPatience,
+        {portal.c_str(), kPortal.path}, kFileChooser, isSave ? "SaveFile" : "OpenFile", kPatience,
         [&](dbus::Writer& arguments) {
             arguments.Text(ParentHandle(parent)).Text(TitleOf(purpose));
             arguments.In('a', "{sv}",
@@ -159,16 +170,8 @@ Attempt PortalChooser::Choose(WindowId parent, Purpose purpose, const FileReques
     if (!portal) return {};
 
     // Heard before the question is put: the answer may come at once.
-    if (!bus->Listen("type='signal',interface='org.freedesktop.portal.Request',member='Response',"
-                     "sender='" +
-                         *portal + "'",
-                     kPatience) ||
-        !bus->Listen("type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',"
-                     "arg1='" +
-                         *portal + "'",
-                     kPatience))
-        return {};
-    const auto handle = Show(*bus, parent, purpose, request);
+    if (!ListenTo(*bus, *portal)) return {};
+    const auto handle = Show(*bus, *portal, parent, purpose, request);
     if (!handle) return {};
 
     while (const dbus::MessagePtr message = bus->Next()) {
