@@ -1,41 +1,11 @@
-// What the library asks of the desktop: file choosers and alerts.
+// The panels in force.
 #pragma once
 
-#include <optional>
-#include <string>
-
-#include "brushworks/preset_saver.h"
+#include "panels/panels.h"
 
 namespace brushworks {
 
-/// A file that the user is to choose.
-struct FileRequest {
-    std::string folder;     ///< where the panel starts
-    std::string extension;  ///< of the files to show, without a point
-    std::string name;       ///< suggested for a file to be saved; empty for one to be opened
-};
-
-/// What an alert says.
-struct AlertTexts {
-    std::string title;
-    std::string text;
-    std::string button;
-};
-
-/// Panels run until the user is done with them. [the thread of the host's user interface]
-class IPanels {
-  public:
-    virtual ~IPanels() = default;
-    /// The chosen path, in UTF-8; none when the user did not confirm, or where there is no panel.
-    /// `parent` may be null.
-    virtual std::optional<std::string> ChooseToSave(OpaqueWindowPtr* parent,
-                                                    const FileRequest& request) = 0;
-    virtual std::optional<std::string> ChooseToOpen(OpaqueWindowPtr* parent,
-                                                    const FileRequest& request) = 0;
-    virtual void Alert(OpaqueWindowPtr* parent, const AlertTexts& texts) = 0;
-};
-
-/// The panels in force: the desktop's, unless SetPanels put others there.
+/// The desktop's, unless SetPanels put others there.
 IPanels& Panels();
 
 /// Puts `panels`, borrowed, in force, or the desktop's again with null. Not while one is shown.

@@ -1,10 +1,11 @@
-// The defaults of licensing, statistics and panels: an unrestricted product that tells nobody
-// anything.
+// The defaults of licensing, statistics and panels: an unrestricted product that reports to nobody
+// and asks its user by the desktop's own panels.
 #include <atomic>
 
 #include "library/licensing.h"
 #include "library/panels.h"
 #include "library/statistics.h"
+#include "panels/desktop_panels.h"
 
 namespace brushworks {
 namespace {
@@ -23,23 +24,12 @@ class KeepsNothing final : public IUsageStatistics {
     void ReportRender(const char*, const FrameParams*) override {}
 };
 
-class NoPanels final : public IPanels {
-  public:
-    std::optional<std::string> ChooseToSave(OpaqueWindowPtr*, const FileRequest&) override {
-        return std::nullopt;
-    }
-    std::optional<std::string> ChooseToOpen(OpaqueWindowPtr*, const FileRequest&) override {
-        return std::nullopt;
-    }
-    void Alert(OpaqueWindowPtr*, const AlertTexts&) override {}
-};
-
 Unrestricted g_unrestricted;
 KeepsNothing g_keepsNothing;
-NoPanels g_noPanels;
+DesktopPanels g_desktopPanels;
 std::atomic<ILicensing*> g_licensing = &g_unrestricted;
 std::atomic<IUsageStatistics*> g_statistics = &g_keepsNothing;
-std::atomic<IPanels*> g_panels = &g_noPanels;
+std::atomic<IPanels*> g_panels = &g_desktopPanels;
 
 }  // namespace
 
@@ -61,7 +51,7 @@ IPanels& Panels() {
     return *g_panels.load();
 }
 void SetPanels(IPanels* panels) {
-    g_panels = panels ? panels : &g_noPanels;
+    g_panels = panels ? panels : &g_desktopPanels;
 }
 
 }  // namespace brushworks
