@@ -13,7 +13,8 @@ constexpr int kMaxAttributes = 64;
 std::size_t CharacterBytes(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
     const std::uint8_t first = byte(0);
-    if (first < 0x80) return first >= ' ' || first == '\t' || first == '\n' || first == '\r';
+    if (first < 0x80)
+        return first >= ' ' || first == '\t' || first == '\n' || first == '\r' ? 1 : 0;
     const std::size_t bytes = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
     if (first < 0xC2 || first > 0xF4 || text.size() < bytes) return 0;
     for (std::size_t i = 1; i < bytes; ++i)

@@ -50,12 +50,18 @@ double Real(const std::string& text) {
     return strtod_l(text.c_str(), nullptr, plain);
 }
 
-/// The nearest of 32 bits, with or without a sign, to the integer that a text begins with; 0 for
-/// none.
-std::int64_t Integer(const std::string& text) {
-    constexpr long long kLeast = std::numeric_limits<std::int32_t>::min();
-    constexpr long long kGreatest = std::numeric_limits<std::uint32_t>::max();
-    return std::clamp(std::strtoll(text.c_str(), nullptr, 10), kLeast, kGreatest);
+/// The nearest Integer to the one that a text begins with; 0 for none.
+template <class Integer>
+Integer Whole(const std::string& text) {
+    using Limits = std::numeric_limits<Integer>;
+    const long long value = std::strtoll(text.c_str(), nullptr, 10);
+    return static_cast<Integer>(std::clamp<long long>(value, Limits::min(), Limits::max()));
+}
+
+/// 32 bits, which some write with a sign.
+std::uint32_t Bits(const std::string& text) {
+    return text.find('-') == text.npos ? Whole<std::uint32_t>(text)
+                                       : static_cast<std::uint32_t>(Whole<std::int32_t>(text));
 }
 
 std::string Attribute(const TiXmlElement& element, const char* name) {
@@ -95,16 +101,16 @@ EffectParam GetValue(const TiXmlElement& element, std::uint32_t type) {
             param.point.y = Narrow(Real(Attribute(element, "y")));
             break;
         case kParamList:
-            param.index = static_cast<std::int32_t>(Integer(Attribute(element, "value")));
+            param.index = Whole<std::int32_t>(Attribute(element, "value"));
             break;
         case kParamFloat:
             param.value = Narrow(Real(Attribute(element, "value")));
             break;
         case kParamColor:
-            param.color = static_cast<std::uint32_t>(Integer(Attribute(element, "value")));
+            param.color = Bits(Attribute(element, "value"));
             break;
         case kParamCheckBox:
-            param.on = Integer(Attribute(element, "value")) != 0 ? 1 : 0;
+            param.on = Whole<std::int32_t>(Attribute(element, "value")) != 0 ? 1 : 0;
             break;
         default:
             break;
@@ -161,7 +167,7 @@ bool CPresetSerializer::Get(TiXmlElement* element, CEffectPreset* preset, IEffec
     for (const TiXmlElement* child = element->FirstChildElement("parameter"); child;
          child = child->NextSiblingElement("parameter")) {
         if (preset->nParamCount >= CEffectPreset::kMaxParams) break;
-        const auto type = static_cast<std::uint32_t>(Integer(Attribute(*child, "type")));
+        const std::uint32_t type = Bits(Attribute(*child, "type"));
         preset->params[preset->nParamCount++] = {GetValue(*child, type), type};
     }
     return preset->nParamCount != 0;

@@ -38,12 +38,14 @@ class Descriptor {
 };
 
 /// Where the last name of a path leads when it is a link, also when nothing is there yet; else the
-/// path itself.
+/// path itself. Empty for links that lead in a circle.
 fs::path BehindLinks(fs::path path) {
     constexpr int kMaxLinks = 40;  // as the kernel has it
     std::error_code error;
-    for (int links = 0; links < kMaxLinks && fs::is_symlink(path, error); ++links)
+    for (int links = 0; fs::is_symlink(path, error); ++links) {
+        if (links == kMaxLinks) return {};
         path = path.parent_path() / fs::read_symlink(path, error);
+    }
     return path;
 }
 
@@ -102,9 +104,12 @@ std::optional<std::string> ReadWholeFile(const std::string& path, std::size_t li
 
 bool ReplaceWholeFile(const std::string& path, std::string_view text) {
     const fs::path target = BehindLinks(path);
+    if (target.empty()) return false;
     struct stat old;
     const bool exists = stat(target.c_str(), &old) == 0;
-    if (exists && (!S_ISREG(old.st_mode) || access(target.c_str(), W_OK) != 0)) return false;
+    if (exists &&
+        (!S_ISREG(old.st_mode) || faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
+        return false;
 
     constexpr int kTries = 100;
     fs::path whole = NameBeside(target);
