@@ -55,8 +55,9 @@ FileRequest RequestFor(IEffectLibrary* library, unsigned int effect) {
 /// Fills a name of a preset; false for one that has no room there.
 bool SetName(char (&field)[CEffectPreset::kNameBytes], const char* name) {
     std::memset(field, 0, sizeof field);
-    if (!name || std::strlen(name) >= sizeof field) return false;
-    std::strcpy(field, name);
+    const std::size_t length = name ? std::strlen(name) : sizeof field;
+    if (length >= sizeof field) return false;
+    std::memcpy(field, name, length);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -91,7 +92,7 @@ class PresetSaver : public ::testing::Test {
     CEffectPreset PresetOf(unsigned int effect, unsigned int index) {
         CEffectPreset preset = {};
         const Reference<IVideoEffect> object(library->CreateEffect(effect));
-        std::strcpy(preset.szName, object->EnumPreset(index));
+        std::snprintf(preset.szName, sizeof preset.szName, "%s", object->EnumPreset(index));
         for (EffectParamSetup setup = {};
              object->EnumParam(static_cast<unsigned int>(preset.nParamCount), &setup); setup = {}) {
             CEffectPreset::Param& param = preset.params[preset.nParamCount];
@@ -133,8 +134,9 @@ TEST_F(PresetSaver, EveryPresetOfEveryEffectSurvivesItsFile) {
             CEffectPreset preset = PresetOf(effect, index), back = {};
             std::memset(preset.szEffectName, '#', sizeof preset.szEffectName);
             ASSERT_EQ(Save(&preset, effect), 0);
-            EXPECT_THAT(panels.said,
-                        ElementsAre("save|" + Home() + "|" + extension + "|MyPreset." + extension));
+            std::string save = "save|" + Home();
+            save.append("|").append(extension).append("|MyPreset.").append(extension);
+            EXPECT_THAT(panels.said, ElementsAre(save));
             ASSERT_EQ(Load(&back, effect), 0);
             EXPECT_THAT(panels.said, ElementsAre("open|" + Home() + "|" + extension + "|"));
             EXPECT_STREQ(back.szName, preset.szName);

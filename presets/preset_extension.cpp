@@ -1,20 +1,18 @@
 #include "presets/preset_extension.h"
 
 #include <cstring>
+#include <string>
 
 namespace brushworks {
 
 void GetEffectExtension(const char* libraryName, unsigned int effect, char* extension) {
     if (!extension) return;
-    if (!libraryName) {
-        std::strcpy(extension, "prs");
-        return;
+    std::string text = "prs";
+    if (libraryName) {
+        text = std::strcmp(libraryName, "Lumenfold Brushworks") == 0 ? "fxpbwk" : "fxpunk";
+        if (effect <= 'z' - 'a') text += static_cast<char>('a' + effect);
     }
-    const bool known = std::strcmp(libraryName, "Lumenfold Brushworks") == 0;
-    std::strcpy(extension, known ? "fxpbwk" : "fxpunk");
-    if (effect > 'z' - 'a') return;
-    const char letter[] = {static_cast<char>('a' + effect), '\0'};
-    std::strcat(extension, letter);
+    std::memcpy(extension, text.c_str(), text.size() + 1);
 }
 
 }  // namespace brushworks

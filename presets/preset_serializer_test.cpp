@@ -1,21 +1,22 @@
 // Preset files: numbers and names that survive, and texts that do not get in.
 #include "presets/preset_serializer.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <bit>
 #include <chrono>
 #include <clocale>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
+#include <limits>
 #include <random>
+#include <string>
 
 #include "presets/preset_extension.h"
 
 namespace brushworks {
 namespace {
-
-using ::testing::HasSubstr;
 
 constexpr float kGreatest = std::numeric_limits<float>::max();
 
@@ -30,6 +31,10 @@ CEffectPreset Preset(std::initializer_list<CEffectPreset::Param> params) {
 
 CEffectPreset::Param Float(float value) {
     return {{.value = value}, kParamFloat};
+}
+
+void SetName(CEffectPreset& preset, const char* name) {
+    std::snprintf(preset.szName, sizeof preset.szName, "%s", name);
 }
 
 /// The preset after a save and a load.
@@ -160,11 +165,11 @@ TEST(PresetSerializer, NamesSurviveOrAreRefused) {
     for (const std::string& name :
          {std::string(), std::string("<a b='c'>&\"&#x41;&amp;"), std::string(" \t\n\r "),
           std::string("M\u00E4rz \u2603"), std::string(259, 'n')}) {
-        std::strcpy(preset.szName, name.c_str());
+        SetName(preset, name.c_str());
         EXPECT_EQ(ThereAndBack(preset).szName, name);
     }
     for (const char* name : {"\xFC", "\xED\xA0\x80", "\xC0\x80", "\xF5\x80\x80\x80", "\x01"}) {
-        std::strcpy(preset.szName, name);
+        SetName(preset, name);
         EXPECT_FALSE(CPresetSerializer::Print(&preset));
     }
     std::memset(preset.szName, 'n', sizeof preset.szName);

@@ -1,7 +1,7 @@
 // Files replaced as a whole: what was there survives every failure.
 #include "presets/whole_file.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
