@@ -68,11 +68,12 @@ fs::path NameBeside(const fs::path& target) {
 
 /// Writes `text` to `path`, which must be new, with the access rights of `old`, if there is one.
 bool WriteNewFile(const fs::path& path, std::string_view text, const struct stat* old) {
-    constexpr mode_t kRights = 0777;
-    Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    const mode_t rights = old ? old->st_mode & 0777 : 0666;
+    Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL, rights);
     if (!file.IsOpen()) return false;
-    const bool written = (!old || fchmod(file.get(), old->st_mode & kRights) == 0) &&
-                         Write(file.get(), text) && fsync(file.get()) == 0;
+    // The process's mask took some of them; where the file system has none, fewer will do.
+    if (old) fchmod(file.get(), rights);
+    const bool written = Write(file.get(), text) && fsync(file.get()) == 0;
     if (file.Close() && written) return true;
     const int error = errno;
     unlink(path.c_str());
