@@ -1,9 +1,11 @@
 #include "library/artistic_effects.h"
 
+#include <new>
 #include <vector>
 
 #include "library/class_table.h"
 #include "library/frame_processor.h"
+#include "library/preset_saver.h"
 #include "library/statistics.h"
 
 namespace brushworks {
@@ -51,7 +53,11 @@ IVideoEffect* CArtisticEffects::CreateEffect(unsigned int index) {
 }
 
 IFrameProcessor* CArtisticEffects::GetFrameProcessor() {
-    return new FrameProcessor;
+    return new (std::nothrow) FrameProcessor;
+}
+
+IPresetSaver* CArtisticEffects::GetPresetSaver() {
+    return new (std::nothrow) CPresetSaver;
 }
 
 }  // namespace brushworks
