@@ -23,7 +23,7 @@ class IEffectLibrary : public IUnknown {
     virtual IUnknown* GetActivationManager() = 0;
     /// A new frame service; it does not count for CanUnloadDLLNow. [any thread]
     virtual IFrameProcessor* GetFrameProcessor() = 0;
-    /// A new preset service, or null where this build has none. [any thread]
+    /// A new preset service. [any thread]
     virtual IPresetSaver* GetPresetSaver() = 0;
 };
 

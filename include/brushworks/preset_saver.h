@@ -31,8 +31,9 @@ struct CEffectPreset {
 static_assert(sizeof(CEffectPreset::Param) == 16 && offsetof(CEffectPreset, params) == 784 &&
               offsetof(CEffectPreset, nParamCount) == 2384 && sizeof(CEffectPreset) == 2392);
 
-/// Both operations return 0 for done and 1 for not done, after telling the user why. `parent` may
-/// be null. [the thread of the host's user interface]
+/// Both operations return 0 for done and 1 for not done, after telling the user why. `parent`, the
+/// window that the panels belong to, may be null; on Linux its value is the id of an X11 window.
+/// [the thread of the host's user interface]
 class IPresetSaver : public IUnknown {
   public:
     virtual int Load(OpaqueWindowPtr* parent, IEffectLibrary* library, unsigned int effect,
