@@ -1,8 +1,10 @@
 #include "library/artistic_effects.h"
 
+#include <new>
 #include <vector>
 
 #include "library/class_table.h"
+#include "library/preset_saver.h"
 #include "library/statistics.h"
 
 namespace brushworks {
@@ -47,6 +49,10 @@ std::uint32_t CArtisticEffects::Release() {
 
 IVideoEffect* CArtisticEffects::CreateEffect(unsigned int index) {
     return NewEffect(index);
+}
+
+IPresetSaver* CArtisticEffects::GetPresetSaver() {
+    return new (std::nothrow) CPresetSaver;
 }
 
 }  // namespace brushworks

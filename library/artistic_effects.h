@@ -56,7 +56,7 @@ class CArtisticEffects final : public DLLDependentObject,
     bool OpenHelp(OpaqueWindowPtr*, unsigned int) override { return false; }
     IUnknown* GetActivationManager() override { return nullptr; }
     IFrameProcessor* GetFrameProcessor() override { return nullptr; }
-    IPresetSaver* GetPresetSaver() override { return nullptr; }
+    IPresetSaver* GetPresetSaver() override;
 
   private:
     void TellStatistics();
