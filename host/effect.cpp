@@ -39,6 +39,10 @@ Effect Effect::clone() const {
     return Effect(m_pLoaded, m_pInfo, createEffect(*m_pLoaded, m_pInfo->index), m_pHost->values());
 }
 
+std::string Effect::libraryName() const {
+    return m_pLoaded->collection().GetName();
+}
+
 EffectParam Effect::value(const ParameterInfo& parameter) const {
     return m_pHost->value(parameter.index);
 }

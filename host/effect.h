@@ -23,6 +23,8 @@ class Effect {
     Effect clone() const;
 
     const EffectInfo& info() const { return *m_pInfo; }
+    /// The name of the collection that the effect is from.
+    std::string libraryName() const;
 
     EffectParam value(const ParameterInfo& parameter) const;
     void setValue(const ParameterInfo& parameter, EffectParam value);

@@ -5,7 +5,6 @@
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
-#include <functional>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -15,6 +14,7 @@
 #include "host/error.h"
 #include "host/frame_params.h"
 #include "host/library.h"
+#include "host/testing_message.h"
 #include "host/value_text.h"
 
 namespace brushworks::host {
@@ -23,17 +23,6 @@ namespace {
 using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-std::string messageOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const UsageError& error) {
-        return std::string("usage: ") + error.what();
-    } catch (const Error& error) {
-        return error.what();
-    }
-    return "";
-}
 
 TEST(Library, SaysWhatItCouldNotLoadAndWhere) {
     EXPECT_THAT(messageOf([] { Library::load("/nowhere/lib.so"); }), HasSubstr("/nowhere/lib.so"));

@@ -3,15 +3,14 @@
 
 #include <algorithm>
 #include <iomanip>
-#include <nlohmann/json.hpp>
 
 #include "host/names.h"
 #include "host/value_text.h"
+#include "parameter_table.h"
+#include "value_json.h"
 
 namespace brushworks::tools {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 /// What a value may be, in a word or two.
 std::string rangeText(const host::ParameterInfo& parameter) {
@@ -23,23 +22,6 @@ std::string rangeText(const host::ParameterInfo& parameter) {
     if (parameter.type == kParamCheckBox) return "on, off";
     if (parameter.type == kParamColor) return "#rrggbb";
     return "x,y";
-}
-
-std::size_t longest(const std::vector<std::string>& texts) {
-    std::size_t length = 0;
-    for (const std::string& text : texts) length = std::max(length, text.size());
-    return length;
-}
-
-Json numberAsJson(const std::string& text) {
-    return Json::parse(text);
-}
-
-Json valueAsJson(const host::ParameterInfo& parameter, EffectParam value) {
-    const std::string text = host::printValue(parameter, value);
-    if (parameter.type == kParamFloat) return numberAsJson(text);
-    if (parameter.type == kParamCheckBox) return value.on != 0;
-    return text;
 }
 
 Json parameterAsJson(const host::ParameterInfo& parameter) {
@@ -59,9 +41,11 @@ Json parameterAsJson(const host::ParameterInfo& parameter) {
 }  // namespace
 
 void listEffects(const host::Library& library, std::ostream& out) {
-    std::vector<std::string> ids;
-    for (const host::EffectEntry& effect : library.effects()) ids.push_back(effect.id);
-    const int width = static_cast<int>(longest(ids));
+    std::size_t longest = 0;
+    for (const host::EffectEntry& effect : library.effects()) {
+        longest = std::max(longest, effect.id.size());
+    }
+    const int width = static_cast<int>(longest);
     for (const host::EffectEntry& effect : library.effects()) {
         out << std::setw(2) << std::right << effect.index << "  " << std::setw(width) << std::left
             << effect.id << "  " << effect.name << '\n';
@@ -69,36 +53,12 @@ void listEffects(const host::Library& library, std::ostream& out) {
 }
 
 void describeEffect(const host::EffectInfo& effect, std::ostream& out) {
-    std::vector<std::string> names;
-    std::vector<std::string> ranges;
-    std::vector<std::string> defaults;
-    for (const host::ParameterInfo& parameter : effect.parameters) {
-        if (!parameter.hasValue()) continue;
-        names.push_back(parameter.address);
-        ranges.push_back(rangeText(parameter));
-        defaults.push_back(host::printValue(parameter, parameter.defaultValue));
-    }
-    const auto column = [&](const std::string& text, std::size_t width) {
-        out << std::setw(static_cast<int>(width)) << std::left << text << "  ";
-    };
-
     out << effect.name << " (" << effect.id << ")\n\nParameters: name, type, values, default\n";
-    std::string group;
-    std::size_t row = 0;
-    for (const host::ParameterInfo& parameter : effect.parameters) {
-        if (!parameter.hasValue()) continue;
-        if (parameter.group != group) {
-            group = parameter.group;
-            out << (group.empty() ? "Further" : group) << ":\n";
-        }
-        out << "  ";
-        column(names[row], longest(names));
-        column(std::string(host::typeName(parameter.type)), std::string_view("check box").size());
-        column(ranges[row], longest(ranges));
-        column(defaults[row], longest(defaults));
-        out << parameter.toolTip << '\n';
-        ++row;
-    }
+    writeParameterTable(effect.parameters, out, [](const host::ParameterInfo& parameter) {
+        return std::vector<std::string>{
+            parameter.address, std::string(host::typeName(parameter.type)), rangeText(parameter),
+            host::printValue(parameter, parameter.defaultValue), parameter.toolTip};
+    });
     out << "\nPresets\n";
     for (const host::Preset& preset : effect.presets) out << "  " << preset.name << '\n';
 }
@@ -111,12 +71,8 @@ void describeEffectAsJson(const host::EffectInfo& effect, std::ostream& out) {
         if (parameter.hasValue()) json["parameters"].push_back(parameterAsJson(parameter));
     }
     for (const host::Preset& preset : effect.presets) {
-        Json values = Json::object();
-        for (const host::ParameterInfo& parameter : effect.parameters) {
-            if (!parameter.hasValue()) continue;
-            values[parameter.address] = valueAsJson(parameter, preset.values.at(parameter.index));
-        }
-        json["presets"].push_back({{"name", preset.name}, {"values", std::move(values)}});
+        json["presets"].push_back(
+            {{"name", preset.name}, {"values", valuesAsJson(effect, preset)}});
     }
     out << json.dump(2) << '\n';
 }

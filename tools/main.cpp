@@ -10,6 +10,7 @@
 #include "host/library.h"
 #include "media/error.h"
 #include "paint_command.h"
+#include "preset_command.h"
 
 namespace {
 
@@ -44,18 +45,30 @@ void addInfo(CLI::App& app) {
     });
 }
 
+/// The options for what an effect starts from and what is set then; returns the one for a preset.
+CLI::Option* addValues(CLI::App& app, tools::EffectChoice& choice) {
+    CLI::Option* preset =
+        app.add_option("-p,--preset", choice.preset, "Start from this preset of the effect");
+    app.add_option("-s,--set", choice.values,
+                   "Set a parameter, as 'info' names it; may be given again")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false);
+    return preset;
+}
+
 void addPaint(CLI::App& app) {
     CLI::App* paint = app.add_subcommand("paint", "Paint a picture or a video");
     const auto options = std::make_shared<tools::PaintOptions>();
     paint->add_option("INPUT", options->input, "Picture or video to paint")->required();
-    paint->add_option("-e,--effect", options->effect, "Id, display name or index of an effect")
+    tools::EffectChoice& choice = options->choice;
+    paint->add_option("-e,--effect", choice.effect, "Id, display name or index of an effect")
         ->required();
-    paint->add_option("-p,--preset", options->preset, "Start from this preset of the effect");
-    paint
-        ->add_option("-s,--set", options->values,
-                     "Set a parameter, as 'info' names it; may be given again")
-        ->type_name("NAME=VALUE")
-        ->allow_extra_args(false);
+    CLI::Option* preset = addValues(*paint, choice);
+    paint->add_option("--preset-file", choice.presetFile, "Start from this preset file")
+        ->type_name("FILE")
+        ->check(CLI::Validator(
+            [](const std::string& name) { return name.empty() ? "it names no file" : ""; }, ""))
+        ->excludes(preset);
     paint
         ->add_option("-o,--output", options->output,
                      "File to write; its extension tells the type: .png, .jpg, .tif, .webp, .ppm; "
@@ -71,6 +84,44 @@ void addPaint(CLI::App& app) {
     paint->add_flag("-f,--force", options->force, "Replace an existing output");
     paint->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
     paint->callback([=] { tools::paint(loadLibrary(), *options); });
+}
+
+void addPresetSave(CLI::App& preset) {
+    CLI::App* save = preset.add_subcommand(
+        "save", "Write an effect's defaults, or a preset, with values set, to a preset file");
+    const auto options = std::make_shared<tools::PresetSaveOptions>();
+    save->add_option("EFFECT", options->choice.effect, "Id, display name or index of an effect")
+        ->required();
+    addValues(*save, options->choice);
+    save->add_option("--name", options->name,
+                     "Name of the saved preset (default: that of --preset, or else of the file)");
+    save->add_option(
+            "-o,--output", options->output,
+            "File to write; hosts look for the extension of the effect, which a note tells "
+            "where another is given")
+        ->type_name("FILE")
+        ->required();
+    save->add_flag("-f,--force", options->force, "Replace an existing file");
+    save->callback([=] { tools::savePreset(loadLibrary(), *options); });
+}
+
+void addPresetShow(CLI::App& preset) {
+    CLI::App* show = preset.add_subcommand("show", "Tell what a preset file holds");
+    const auto file = std::make_shared<std::string>();
+    const auto json = std::make_shared<bool>(false);
+    show->add_option("FILE", *file, "Preset file of any effect")->required();
+    show->add_flag("--json", *json, "Write JSON");
+    show->callback([=] { tools::showPreset(loadLibrary(), *file, *json, std::cout); });
+}
+
+void addPreset(CLI::App& app) {
+    CLI::App* preset = app.add_subcommand("preset", "Save and show preset files");
+    // One page of help tells all; the commands below are small.
+    preset->set_help_flag();
+    preset->set_help_all_flag("-h,--help", "Print this help message and exit");
+    preset->require_subcommand(1);
+    addPresetSave(*preset);
+    addPresetShow(*preset);
 }
 
 void addGallery(CLI::App& app) {
@@ -114,6 +165,7 @@ int run(int count, char** arguments) {
     addList(app);
     addInfo(app);
     addPaint(app);
+    addPreset(app);
     addGallery(app);
     try {
         app.parse(count, arguments);

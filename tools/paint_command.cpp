@@ -6,7 +6,6 @@
 #include <stdexcept>
 
 #include "frame_painter.h"
-#include "host/error.h"
 #include "job_count.h"
 #include "media/log.h"
 #include "media/output_format.h"
@@ -21,19 +20,6 @@ namespace brushworks::tools {
 namespace {
 
 using Pool = OrderedPool<NumberedFrame, media::FramePtr>;
-
-host::Effect openEffect(const host::Library& library, const PaintOptions& options) {
-    host::Effect effect = library.open(options.effect);
-    if (!options.preset.empty()) effect.applyPreset(options.preset);
-    for (const std::string& setting : options.values) {
-        const std::size_t sign = setting.find('=');
-        if (sign == std::string::npos) {
-            throw host::UsageError("\"" + setting + "\" is not of the form NAME=VALUE");
-        }
-        effect.set(setting.substr(0, sign), setting.substr(sign + 1));
-    }
-    return effect;
-}
 
 void refuseSameFile(const PaintOptions& options) {
     std::error_code ignored;
@@ -134,7 +120,7 @@ void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media
 void paint(const host::Library& library, const PaintOptions& options) {
     media::captureLog();
     const Notes note(options.quiet);
-    const host::Effect effect = openEffect(library, options);
+    const host::Effect effect = openEffect(library, options.choice);
     const media::OutputFormat& format = media::outputFormatOf(options.output);
     refuseSameFile(options);
     OutputFile file(options.output, options.force);

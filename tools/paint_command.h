@@ -3,8 +3,8 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
+#include "effect_choice.h"
 #include "host/library.h"
 
 namespace brushworks::tools {
@@ -12,10 +12,8 @@ namespace brushworks::tools {
 struct PaintOptions {
     std::string input;
     std::string output;
-    std::string effect;               ///< id, display name or index
-    std::string preset;               ///< "" for the defaults
-    std::vector<std::string> values;  ///< NAME=VALUE, after the preset
-    int jobs = 0;                     ///< frames rendered at once, 0 for as many as there are cores
+    EffectChoice choice;
+    int jobs = 0;  ///< frames rendered at once, 0 for as many as there are cores
     std::int32_t seed = 0;
     bool fields = false;
     bool force = false;
