@@ -26,7 +26,7 @@ std::string presetName(const host::EffectInfo& effect, const PresetSaveOptions& 
 
 /// What a preset file says, with descriptions of its values.
 struct Shown {
-    host::EffectInfo effect;  ///< without an id where the library has no such effect
+    host::EffectInfo effect;  ///< without an id where the file fits none of the library
     host::Preset preset;
 };
 
