@@ -31,7 +31,8 @@ TEST(LFString, CopiesAndComparesByText) {
     EXPECT_TRUE(text == S("Brush"));
     EXPECT_TRUE(copy.EqualsIgnoreCase(S("cRUSH")));
     EXPECT_FALSE(copy.EqualsIgnoreCase(S("cRUSHES")));
-    text = text;  // NOLINT: on purpose
+    const LFString& same = text;
+    text = same;
     EXPECT_TRUE(text.Equals(S("Brush")));
     EXPECT_TRUE(LFString() == S(""));
     EXPECT_EQ(LFString().ConstData(), nullptr);

@@ -39,6 +39,11 @@ struct EffectParamSetup {
     static constexpr int kOptionBytes = 20;
     static constexpr int kNameBytes = 40;
 
+    struct Display {
+        float fDisplayMax;           ///< what 1.0 shows
+        std::uint32_t nDisplayStep;  ///< the display step, 1 for most
+    };
+
     EffectParam defaultValue;  ///< initial value
     std::uint32_t nType;       ///< a ParamType
     union {
@@ -46,10 +51,7 @@ struct EffectParamSetup {
         float fDisplayMin;           ///< slider: what 0.0 shows
     };
     union {
-        struct {
-            float fDisplayMax;           ///< slider: what 1.0 shows
-            std::uint32_t nDisplayStep;  ///< slider: the display step, 1 for most
-        } slider;
+        Display slider;                             ///< slider: the rest of its display
         char szOptions[kMaxOptions][kOptionBytes];  ///< list: the options' names, null-terminated
     };
     char szName[kNameBytes];     ///< display name, null-terminated; not unique within an effect
