@@ -3,6 +3,7 @@
 
 #include <time.h>
 
+#include <new>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -34,13 +35,15 @@ double processorSeconds() {
 }
 
 JobResult paintPicture(const StillPicture& original, Job& job) {
-    const AVFrame& source = *original.frame;
-    const media::FramePtr painted =
-        media::allocateFrame(media::bgraRaster(source.width, source.height));
+    const media::Raster raster = media::bgraRaster(original.frame->width, original.frame->height);
+    // A copy for each, since an effect may write into its source.
+    const media::FramePtr source = media::allocateFrame(raster);
+    const media::FramePtr painted = media::allocateFrame(raster);
+    if (av_frame_copy(source.get(), original.frame.get()) < 0) throw std::bad_alloc();
     RenderSettings settings;
     if (original.squarePixels) settings.pixelAspect = {1, 1};
     const double start = processorSeconds();
-    if (!renderFrame(job.effect, settings, source, *painted)) return std::nullopt;
+    if (!renderFrame(job.effect, settings, *source, *painted)) return std::nullopt;
     const double seconds = processorSeconds() - start;
     writeStill(*painted, job.path);
     return seconds;
