@@ -2,7 +2,6 @@
 #include <set>
 
 #include "effects/testing.h"
-#include "processors/channel_reverse.h"
 
 namespace brushworks {
 namespace {
@@ -49,21 +48,6 @@ TEST_F(Posterize, LeavesOnlyTheLevelsAskedForAndEveryAlpha) {
                 EXPECT_EQ(*seen.begin(), 0.0f);
                 EXPECT_NEAR(*seen.rbegin(), Processors::IsFloatColor(src) ? 1.0f : 255.0f, 1e-6f);
             }
-}
-
-TEST_F(Posterize, TheOrderOfChannelsMakesNoDifference) {
-    for (const auto& [alphaLast, alphaFirst] : {std::pair{PixelFormatBGRA8, PixelFormatARGB8},
-                                                {PixelFormatBGRA32f, PixelFormatARGB32f}}) {
-        RandomFrame src(40, 21, alphaLast, 3), dst(40, 21, alphaLast, 4);
-        RandomFrame reversed(40, 21, alphaFirst, 5), result(40, 21, alphaFirst, 6);
-        Processors::CChannelReverse().Process(&src, &reversed);
-        Set(0.3f, 0.8f, 0.6f, 5, 1);
-        ASSERT_TRUE(Render(*effect, host, src, dst));
-        ASSERT_TRUE(Render(*effect, host, reversed, result));
-        Processors::CChannelReverse().Process(&result, &reversed);
-        reversed.m_pfPixelFormat = alphaLast;
-        EXPECT_TRUE(SamePixels(dst, reversed));
-    }
 }
 
 TEST_F(Posterize, OneFlatColourByHand) {
