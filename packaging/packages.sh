@@ -2,7 +2,8 @@
 
 BUILD_PACKAGES="g++ make cmake pkg-config libcli11-dev nlohmann-json3-dev libtinyxml-dev
     libavformat-dev libavcodec-dev libavutil-dev libswscale-dev"
-TEST_PACKAGES="libgtest-dev libgmock-dev git"
+PACKAGE_PACKAGES="dpkg-dev file"  # what cpack needs
+TEST_PACKAGES="libgtest-dev libgmock-dev git $PACKAGE_PACKAGES"
 LINT_PACKAGES="clang-format clang-tidy clang libclang-rt-14-dev"
 
 # ensure_packages NAME...: installs what is missing where apt-get may be used, else says what to install.
