@@ -16,8 +16,6 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SOURCE brushworks)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY >=)
 # The library is loaded by name, which dpkg-shlibdeps does not see.
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
@@ -47,7 +45,11 @@ brushworks_package(library libbrushworks${PROJECT_VERSION_MAJOR} SECTION libs
 Oil, impressionist, cartoon, mosaic, paper collage, charcoal, coloured pencil,
 halo, pencil rubbing, mural, water colour and posterize, as a library that
 video software loads. It runs on the processor and starts no threads.")
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/triggers)
+# Not cpack's own list, which takes plug-ins for libraries and complains that they have no version.
+file(CONFIGURE OUTPUT debian/shlibs
+    CONTENT "libbrushworks ${PROJECT_VERSION_MAJOR} libbrushworks${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})\n")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_BINARY_DIR}/debian/shlibs ${CMAKE_CURRENT_LIST_DIR}/triggers)
 
 brushworks_package(development libbrushworks-dev SECTION libdevel NEEDS library
     DESCRIPTION "painterly video effects - headers for hosts
