@@ -2,9 +2,9 @@
 
 BUILD_PACKAGES="g++ make cmake pkg-config libcli11-dev nlohmann-json3-dev libtinyxml-dev
     libavformat-dev libavcodec-dev libavutil-dev libswscale-dev"
-PACKAGE_PACKAGES="dpkg-dev file"  # what cpack needs
-TEST_PACKAGES="libgtest-dev libgmock-dev git $PACKAGE_PACKAGES"
+TEST_PACKAGES="libgtest-dev libgmock-dev git"
 LINT_PACKAGES="clang-format clang-tidy clang libclang-rt-14-dev"
+PACKING_PACKAGES="dpkg-dev file"
 
 # ensure_packages NAME...: installs what is missing where apt-get may be used, else says what to install.
 ensure_packages() {
