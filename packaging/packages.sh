@@ -4,6 +4,7 @@ BUILD_PACKAGES="g++ make cmake pkg-config libcli11-dev nlohmann-json3-dev libtin
     libavformat-dev libavcodec-dev libavutil-dev libswscale-dev"
 TEST_PACKAGES="libgtest-dev libgmock-dev git"
 LINT_PACKAGES="clang-format clang-tidy clang libclang-rt-14-dev"
+PACKING_PACKAGES="dpkg-dev file"
 
 # ensure_packages NAME...: installs what is missing where apt-get may be used, else says what to install.
 ensure_packages() {
