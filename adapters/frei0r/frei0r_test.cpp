@@ -189,6 +189,16 @@ TEST(Frei0r, PaintsAsTheEffectDoesAndLeavesTheSourceAlone) {
     }
 }
 
+TEST(Frei0r, AnotherPictureHasAnotherSeed) {
+    std::set<std::int32_t> seeds = {pictureSeed(noise({20, 10}).data(), 20, 10)};
+    for (std::size_t i = 0; i < 200; ++i) {
+        Pixels changed = noise({20, 10});
+        changed[i] ^= 0x100;
+        seeds.insert(pictureSeed(changed.data(), 20, 10));
+    }
+    EXPECT_EQ(seeds.size(), 201U);
+}
+
 TEST(Frei0r, RefusesWhatCannotBe) {
     const Loaded oil("oil");
     const Painter none(oil, 8, 0);
