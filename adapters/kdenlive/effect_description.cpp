@@ -102,15 +102,17 @@ TiXmlElement choice(const std::string& name, const std::vector<std::string>& val
     return element;
 }
 
-/// The plug-in's preset: no text for none, which must be at hand to get back to the controls.
+/// The plug-in's preset: no text for none, which must be at hand to get back to the controls. Its
+/// label is not "None", since many effects have a preset "Reset to None".
 TiXmlElement presetChoice(const std::string& name, const host::EffectInfo& effect) {
     std::vector<std::string> values = {""};
-    std::vector<std::string> labels = {"None"};
+    std::vector<std::string> labels = {"No preset"};
     for (const host::Preset& preset : effect.presets) {
         values.push_back(preset.name);
         labels.push_back(preset.name);
     }
-    return choice(name, values, labels, "", "Sets all other parameters, unless it is None");
+    return choice(name, values, labels, "",
+                  "A preset sets all other parameters, until there is no preset");
 }
 
 void addParameter(TiXmlElement& root, const frei0r::PluginParameter& parameter,

@@ -5,10 +5,11 @@
 #include <gmock/gmock.h>
 #include <tinyxml.h>
 
+#include <algorithm>
 #include <cmath>
-#include <map>
 #include <sstream>
 
+#include "frei0r/parameter_value.h"
 #include "frei0r/plugin_parameters.h"
 #include "host/library.h"
 #include "host/testing_message.h"
@@ -18,8 +19,7 @@ namespace brushworks::kdenlive {
 namespace {
 
 std::string text(const TiXmlElement& control, const char* attribute) {
-    const char* value = control.Attribute(attribute);
-    return value == nullptr ? "(missing)" : value;
+    return control.Attribute(attribute) == nullptr ? "(none)" : control.Attribute(attribute);
 }
 
 double number(const TiXmlElement& control, const char* attribute) {
@@ -33,16 +33,21 @@ std::vector<std::string> split(const std::string& list, char separator) {
     return parts;
 }
 
+/// What the effect gets when MLT hands the number to the plug-in.
+EffectParam handed(const host::ParameterInfo& info, double number) {
+    return frei0r::fromHost(info, &number);
+}
+
 void expectSlider(const TiXmlElement& control, const host::ParameterInfo& info) {
     const double factor = number(control, "factor");
-    EXPECT_EQ(number(control, "min") / factor, 0);
-    EXPECT_EQ(number(control, "max") / factor, 1);
-    EXPECT_EQ(std::stof(text(control, "default")), info.defaultValue.value);
-    const double shown = number(control, "default") * factor;
-    const double inLastDecimal = shown * std::pow(10, number(control, "decimals"));
+    EXPECT_EQ(handed(info, number(control, "min") / factor).value, 0);
+    EXPECT_EQ(handed(info, number(control, "max") / factor).value, 1);
+    const double position = number(control, "default");
+    EXPECT_EQ(handed(info, position).value, info.defaultValue.value);
+    const double inLastDecimal = position * factor * std::pow(10, number(control, "decimals"));
     EXPECT_NEAR(inLastDecimal, std::round(inLastDecimal), 1e-6) << "the panel rounds the default";
     if (text(control, "suffix") == "%") return;
-    EXPECT_NEAR(shown, host::displayValue(info, info.defaultValue.value), 1e-4);
+    EXPECT_NEAR(position * factor, host::displayValue(info, info.defaultValue.value), 1e-4);
 }
 
 void expectList(const TiXmlElement& control, const std::vector<std::string>& names) {
@@ -53,16 +58,27 @@ void expectList(const TiXmlElement& control, const std::vector<std::string>& nam
 }
 
 void expectControl(const TiXmlElement& control, const host::ParameterInfo& info) {
-    const std::map<ParamType, const char*> types = {{kParamFloat, "animated"},
-                                                    {kParamList, "list"},
-                                                    {kParamCheckBox, "bool"},
-                                                    {kParamColor, "color"}};
-    EXPECT_EQ(text(control, "type"), types.at(info.type));
-    if (info.type == kParamFloat) return expectSlider(control, info);
-    std::string value = text(control, "default");
-    if (info.type == kParamList) expectList(control, info.options);
-    if (info.type == kParamColor) value = "#" + value.substr(2, 6);
-    EXPECT_EQ(host::parseValue(info, value).word, info.defaultValue.word);
+    constexpr const char* kTypes[] = {"", "list", "animated", "color", "bool"};  // by ParamType
+    EXPECT_EQ(text(control, "type"), kTypes[info.type]);
+    const std::string value = text(control, "default");
+    if (info.type == kParamFloat) {
+        expectSlider(control, info);
+    } else if (info.type == kParamList) {
+        expectList(control, info.options);
+        EXPECT_EQ(frei0r::optionFromText(info, value).index, info.defaultValue.index);
+    } else if (info.type == kParamColor) {
+        EXPECT_EQ(host::parseValue(info, "#" + value.substr(2, 6)).color, info.defaultValue.color);
+        EXPECT_EQ(value.substr(8), "ff");
+    } else {
+        EXPECT_EQ(handed(info, std::stod(value)).on, info.defaultValue.on);
+    }
+}
+
+void expectPresets(const TiXmlElement& control, const std::vector<host::Preset>& presets) {
+    std::vector<std::string> names = {""};
+    for (const host::Preset& preset : presets) names.push_back(preset.name);
+    expectList(control, names);
+    EXPECT_EQ(text(control, "default"), "");
 }
 
 TEST(KdenliveDescription, HasEveryControlOfEveryPlugIn) {
@@ -71,29 +87,24 @@ TEST(KdenliveDescription, HasEveryControlOfEveryPlugIn) {
         SCOPED_TRACE(entry.id);
         TiXmlDocument file(BRUSHWORKS_DESCRIPTIONS "/" + descriptionFileName(entry.id));
         ASSERT_TRUE(file.LoadFile()) << file.ErrorDesc();
-        const TiXmlElement& root = *file.RootElement();
-        EXPECT_EQ(text(root, "tag"), "frei0r." + frei0r::pluginFileName(entry.id));
-        std::multimap<std::string, const TiXmlElement*> controls;
-        for (auto* control = root.FirstChildElement("parameter"); control != nullptr;
-             control = control->NextSiblingElement("parameter")) {
-            controls.emplace(text(*control, "name"), control);
-        }
+        const TiXmlElement* root = file.RootElement();
+        EXPECT_EQ(text(*root, "tag"), "frei0r." + frei0r::pluginFileName(entry.id));
         const host::Effect effect = library.open(entry.index);
-        const auto parameters = frei0r::pluginParameters(effect.info());
-        EXPECT_EQ(controls.size(), parameters.size());
+        auto parameters = frei0r::pluginParameters(effect.info());
+        std::rotate(parameters.begin(), parameters.end() - 1, parameters.end());
+        const TiXmlElement* control = root->FirstChildElement("parameter");
         for (const frei0r::PluginParameter& parameter : parameters) {
             SCOPED_TRACE(parameter.name);
-            ASSERT_EQ(controls.count(parameter.name), 1U);
-            const TiXmlElement& control = *controls.find(parameter.name)->second;
+            ASSERT_NE(control, nullptr);
+            EXPECT_EQ(text(*control, "name"), parameter.name);
             if (parameter.source != nullptr) {
-                expectControl(control, *parameter.source);
-                continue;
+                expectControl(*control, *parameter.source);
+            } else {
+                expectPresets(*control, effect.info().presets);
             }
-            std::vector<std::string> presets = {""};
-            for (const host::Preset& preset : effect.info().presets) presets.push_back(preset.name);
-            expectList(control, presets);
-            EXPECT_EQ(text(control, "default"), "");
+            control = control->NextSiblingElement("parameter");
         }
+        EXPECT_EQ(control, nullptr);
     }
 }
 
