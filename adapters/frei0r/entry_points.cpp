@@ -1,4 +1,4 @@
-// The functions of a frei0r plug-in. Compiled once for each effect, whose id is BRUSHWORKS_EFFECT.
+// The functions of a frei0r plug-in, the same for all effects.
 #pragma GCC visibility push(default)
 extern "C" {
 #include <frei0r.h>
@@ -9,14 +9,22 @@ extern "C" {
 
 #include "frei0r/plugin.h"
 
+namespace brushworks::frei0r {
+
+/// The plug-in's effect: a line that CMake writes.
+extern const char kEffectId[];
+
+}  // namespace brushworks::frei0r
+
 namespace {
 
 using brushworks::frei0r::Instance;
+using brushworks::frei0r::kEffectId;
 using brushworks::frei0r::Plugin;
 using brushworks::frei0r::PluginParameter;
 
 Plugin& plugin() {
-    static Plugin only(BRUSHWORKS_EFFECT);
+    static Plugin only(kEffectId);
     return only;
 }
 
@@ -27,9 +35,9 @@ bool succeeds(Call call) noexcept {
         call();
         return true;
     } catch (const std::exception& error) {
-        brushworks::frei0r::warnOnce(BRUSHWORKS_EFFECT, error.what());
+        brushworks::frei0r::warnOnce(kEffectId, error.what());
     } catch (...) {
-        brushworks::frei0r::warnOnce(BRUSHWORKS_EFFECT, "unknown error");
+        brushworks::frei0r::warnOnce(kEffectId, "unknown error");
     }
     return false;
 }

@@ -7,19 +7,9 @@ for line in "title: Brushworks Oil" "title: Brush Size" "default: 0.21" "title: 
     grep -q "$line" oil.yml || fail "no '$line' in $(cat oil.yml)"
 done
 
-cat >profile <<'END'
-description=small
-width=96
-height=64
-frame_rate_num=25
-frame_rate_den=1
-progressive=1
-sample_aspect_num=1
-sample_aspect_den=1
-display_aspect_num=3
-display_aspect_den=2
-colorspace=709
-END
+printf '%s\n' description=small width=96 height=64 display_aspect_num=3 display_aspect_den=2 \
+    sample_aspect_num=1 sample_aspect_den=1 frame_rate_num=25 frame_rate_den=1 progressive=1 \
+    colorspace=709 >profile
 
 # Two threads, each with an instance of its own, share the frames between them.
 melt -silent avformat:frame1.png out=3 -profile ./profile \
