@@ -143,13 +143,15 @@ TEST(Frei0r, KeepsGoodValuesAndPassesOverBadOnes) {
     painter.set("Levels", "2");
     EXPECT_EQ(painter.text("Levels"), "2") << "a name goes before an index";
     painter.set("Color", 0.25);
-    for (const double wrong : {-0.1, 1.5, std::nan("")}) painter.set("Color", wrong);
+    for (const double wrong : {-60.0, 2.5, std::nan("")}) painter.set("Color", wrong);
     for (const char* wrong : {"Option E", "5", "-1", "", static_cast<const char*>(nullptr)}) {
         painter.set("Dither", wrong);
         painter.set("Preset", wrong);
     }
     painter.set("no such name", 0.5);
     EXPECT_EQ(painter.get<double>("Color"), 0.25);
+    painter.set("Color", 1.0625);
+    EXPECT_EQ(painter.get<double>("Color"), 1) << "an animation that swings past the end";
     EXPECT_EQ(painter.text("Dither"), "Option B");
     EXPECT_EQ(painter.text("Preset"), "");
 

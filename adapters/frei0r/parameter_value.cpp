@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <initializer_list>
 #include <optional>
 
 #include "host/error.h"
@@ -16,12 +15,15 @@ namespace {
 
 constexpr double kColorScale = 255;
 
-void demandUnits(const host::ParameterInfo& parameter, std::initializer_list<double> numbers) {
-    for (const double number : numbers) {
-        if (number >= 0 && number <= 1) continue;
-        throw host::UsageError(parameter.name + " takes numbers from 0 to 1, not " +
-                               host::printNumber(static_cast<float>(number)));
-    }
+/// Smooth animations swing a little past the ends of a slider, and mean the end; a number from
+/// another scale is a slip. How far a swing goes at most.
+constexpr double kSwing = 0.5;
+
+/// The number, brought to 0 to 1.
+double unit(const host::ParameterInfo& parameter, double number) {
+    if (number >= -kSwing && number <= 1 + kSwing) return std::clamp(number, 0.0, 1.0);
+    throw host::UsageError(parameter.name + " takes numbers from 0 to 1, not " +
+                           host::printNumber(static_cast<float>(number)));
 }
 
 /// A packed colour's channel, 0 red to 2 blue.
@@ -29,7 +31,7 @@ float channel(std::uint32_t color, int index) {
     return static_cast<float>((color >> (8 * index) & 0xFF) / kColorScale);
 }
 
-std::uint32_t packed(float number, int index) {
+std::uint32_t packed(double number, int index) {
     return static_cast<std::uint32_t>(std::lround(number * kColorScale)) << (8 * index);
 }
 
@@ -47,18 +49,17 @@ EffectParam fromHost(const host::ParameterInfo& parameter, f0r_param_t value) {
     EffectParam result = {.word = 0};
     if (parameter.type == kParamColor) {
         const auto& color = *static_cast<const f0r_param_color*>(value);
-        demandUnits(parameter, {color.r, color.g, color.b});
-        result.color = packed(color.r, 0) | packed(color.g, 1) | packed(color.b, 2);
+        result.color = packed(unit(parameter, color.r), 0) | packed(unit(parameter, color.g), 1) |
+                       packed(unit(parameter, color.b), 2);
         return result;
     }
     if (parameter.type == kParamPoint) {
         const auto& position = *static_cast<const f0r_param_position*>(value);
-        demandUnits(parameter, {position.x, position.y});
-        result.point = {static_cast<float>(position.x), static_cast<float>(position.y)};
+        result.point = {static_cast<float>(unit(parameter, position.x)),
+                        static_cast<float>(unit(parameter, position.y))};
         return result;
     }
-    const double number = *static_cast<const double*>(value);
-    demandUnits(parameter, {number});
+    const double number = unit(parameter, *static_cast<const double*>(value));
     if (parameter.type == kParamCheckBox) {
         result.on = number >= 0.5 ? 1 : 0;
     } else {

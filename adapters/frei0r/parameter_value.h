@@ -10,7 +10,8 @@
 namespace brushworks::frei0r {
 
 /// What the host's number, colour or position means to the effect. `value` points to what frei0r
-/// prescribes for the parameter's type. Throws host::UsageError outside frei0r's range of 0 to 1.
+/// prescribes for the parameter's type. What lies a little outside frei0r's range of 0 to 1, as
+/// smooth animations do, means the end; host::UsageError for what lies far outside.
 EffectParam fromHost(const host::ParameterInfo& parameter, f0r_param_t value);
 
 /// The option of that name, in any letter case, or else of that index. Throws host::UsageError.
