@@ -13,7 +13,8 @@ bool IsProgramSupported(GPUHelper& helper, const ProgramProbe& probe) {
 }
 
 bool ArePassed(GPUHelper& helper, const GPUProbes& probes) {
-    return std::ranges::all_of(
+    return !probes.bImpossible &&
+           std::ranges::all_of(
                probes.programs,
                [&](const ProgramProbe& probe) { return IsProgramSupported(helper, probe); }) &&
            std::ranges::all_of(probes.processors,

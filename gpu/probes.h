@@ -21,6 +21,7 @@ using ProcessorProbe = bool (*)(GPUHelper*);
 struct GPUProbes {
     std::span<const ProgramProbe> programs;
     std::span<const ProcessorProbe> processors;
+    bool bImpossible = false;  ///< the card lacks what no program can make up for
 };
 
 /// The card compiles this program. It is freed at once.

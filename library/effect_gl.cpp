@@ -19,7 +19,7 @@ bool CEffect::GetGPUCapsGL(IVideoHost* pHost, GPUCaps* pCaps, unsigned int) {
     GPUProbes probes;
     if (!hostGL || !pCaps || !GetGPUProbes(probes)) return false;
     const bool allowed = Licensing().IsGPUAllowed();
-    const bool supported = HasGLPath() && RefreshFeatures(*this) && ArePassed(*this, probes);
+    const bool supported = RefreshFeatures(*this) && ArePassed(*this, probes) && HasGLPath();
     *pCaps = {.nReserved = 0, .nGPUSupported = supported ? 1 : 0, .bGPUAllowed = allowed};
     return true;
 }
