@@ -22,11 +22,20 @@ struct DebugLog::Callback {
 };
 
 DebugLog::DebugLog(bool enabled) : m_bEnabled(enabled) {
-    if (!enabled || !epoxy_has_gl_extension("GL_KHR_debug")) return;
+    GLint flags = 0;
+    glGetIntegerv(GL_CONTEXT_FLAGS, &flags);
+    m_bListening = enabled && (flags & GL_CONTEXT_FLAG_DEBUG_BIT) != 0 &&
+                   epoxy_has_gl_extension("GL_KHR_debug");
+    if (!m_bListening) return;
     glEnable(GL_DEBUG_OUTPUT);
     // So that a breakpoint in add() stands in the call that is wrong.
     glEnable(GL_DEBUG_OUTPUT_SYNCHRONOUS);
     glDebugMessageCallback(Callback::receive, this);
+}
+
+void DebugLog::stopListening() {
+    if (m_bListening) glDebugMessageCallback(nullptr, nullptr);
+    m_bListening = false;
 }
 
 void DebugLog::add(std::string problem) {
@@ -36,6 +45,7 @@ void DebugLog::add(std::string problem) {
 void DebugLog::check(const char* operation) {
     if (!m_bEnabled) return;
     for (GLenum error = glGetError(); error != GL_NO_ERROR; error = glGetError()) {
+        if (m_bListening) continue;
         char text[64];
         std::snprintf(text, sizeof text, "GL error 0x%04x after %s", error, operation);
         add(text);

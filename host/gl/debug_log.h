@@ -16,9 +16,13 @@ class DebugLog {
     DebugLog(const DebugLog&) = delete;
     DebugLog& operator=(const DebugLog&) = delete;
 
+    /// To be called before the log goes, while its context is current.
+    void stopListening();
+
     bool enabled() const { return m_bEnabled; }
     void add(std::string problem);
-    /// Collects what glGetError has, with the name of the operation that just ended.
+    /// Takes the pending errors, which are collected with the name of the operation that just ended
+    /// unless the driver has told about them by itself.
     void check(const char* operation);
     /// The problems so far, which are forgotten.
     std::vector<std::string> take() { return std::exchange(m_problems, {}); }
@@ -39,6 +43,7 @@ class DebugLog {
     struct Callback;
 
     bool m_bEnabled;
+    bool m_bListening = false;
     bool m_bMuted = false;
     std::vector<std::string> m_problems;
 };

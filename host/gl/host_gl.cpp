@@ -78,7 +78,7 @@ HostGL::~HostGL() {
     m_texturePool.clear();
     m_bufferPool.clear();
     m_programs.clear();
-    if (m_log.enabled()) glDebugMessageCallback(nullptr, nullptr);
+    m_log.stopListening();
     if (!wasCurrent) context.release();
 }
 

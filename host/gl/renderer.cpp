@@ -139,11 +139,14 @@ bool Renderer::renderTexture(IVideoHostGL& maker, IVideoGPUEffect& effect, IVide
 bool Renderer::submit(const Effect& effect, const FrameParams& source,
                       const FrameParams& destination, const RenderInfo& info) {
     const Ref<IVideoGPUEffect> face = gpuFace(effect);
-    if (!face) return false;
+    return face && submit(*face, *effect.host(), source, destination, info);
+}
+
+bool Renderer::submit(IVideoGPUEffect& effect, IVideoHost& values, const FrameParams& source,
+                      const FrameParams& destination, const RenderInfo& info) {
     ScopedTexture from(*m_pHostGL, upload(source));
     ScopedTexture to(*m_pHostGL, emptyTexture(*m_pHostGL, destination));
-    if (!from || !to ||
-        !renderTexture(*m_pHostGL, *face, *effect.host(), from.get(), to.get(), info)) {
+    if (!from || !to || !renderTexture(*m_pHostGL, effect, values, from.get(), to.get(), info)) {
         return false;
     }
     if (m_onTheirWay.size() == kFramesOnTheirWay && !collect()) return false;

@@ -48,6 +48,8 @@ class Renderer {
     /// With kFramesOnTheirWay waiting already, the oldest is waited for here.
     bool submit(const Effect& effect, const FrameParams& source, const FrameParams& destination,
                 const RenderInfo& info);
+    bool submit(IVideoGPUEffect& effect, IVideoHost& values, const FrameParams& source,
+                const FrameParams& destination, const RenderInfo& info);
     /// Waits for the oldest frame of submit(); false when none is on its way.
     bool collect();
     static constexpr std::size_t kFramesOnTheirWay = 2;

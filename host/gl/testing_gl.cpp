@@ -55,6 +55,7 @@ void GLTest::SetUp() {
 
 void GLTest::TearDown() {
     if (s_pShared->get() == nullptr) return;
+    ASSERT_TRUE(context().context().isCurrent() || renderer().makeCurrent());
     hostGL().SetRenderTarget(&context(), nullptr, 0, false, false);
     for (const std::string& alive : hostGL().aliveSince(m_nMark)) {
         ADD_FAILURE() << "not freed: " << alive;

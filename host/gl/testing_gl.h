@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "host/gl/refusing_host.h"
 #include "host/gl/renderer.h"
+#include "host/gl/testing_picture.h"
 
 namespace brushworks::host::gl {
 
