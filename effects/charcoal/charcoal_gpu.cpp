@@ -8,7 +8,7 @@
 #include "effects/charcoal/shaders.h"
 #include "gpu/channel_order.h"
 #include "gpu/processors/filter.h"
-#include "gpu/processors/filter3x3.h"
+#include "gpu/processors/filter_3x3.h"
 #include "gpu/processors/smooth.h"
 #include "gpu/shader_catalogue.h"
 #include "processors/canvaskit/edge.h"

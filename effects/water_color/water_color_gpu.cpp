@@ -1,7 +1,7 @@
 // What Water Color asks of a graphics card.
 #include "effects/water_color/water_color.h"
 #include "gpu/processors/color_twist.h"
-#include "gpu/processors/filter3x3.h"
+#include "gpu/processors/filter_3x3.h"
 #include "gpu/processors/median.h"
 #include "gpu/processors/mix.h"
 
