@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
                            .values = {{3, Index(2)}, {4, Index(4)}}},
                       Case{.name = "Charcoal", .effect = kCharcoal},
                       Case{.name = "CharcoalGreen", .effect = kCharcoal, .preset = 3}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& test) { return test.param.name; });
 
 /// What holds of every render on the card.
 class OnCardLaws : public OnCard, public ::testing::WithParamInterface<unsigned int> {
@@ -229,8 +229,8 @@ TEST_P(OnCardLaws, CompilesNothingTwice) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, OnCardLaws, ::testing::Values(kCharcoal, kPosterize),
-                         [](const auto& info) {
-                             return info.param == kPosterize ? "Posterize" : "Charcoal";
+                         [](const auto& test) {
+                             return test.param == kPosterize ? "Posterize" : "Charcoal";
                          });
 
 TEST_F(OnCard, ASmallerDestinationShowsTheWholePicture) {
