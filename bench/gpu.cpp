@@ -72,7 +72,7 @@ class Bench {
     }
 
   private:
-    static void Register(const std::string& name, std::function<bool()> draw) {
+    static void Register(const std::string& name, const std::function<bool()>& draw) {
         const auto finish = reinterpret_cast<void (*)()>(FindGLProcedure("glFinish"));
         benchmark::RegisterBenchmark(name.c_str(),
                                      [=](benchmark::State& state) {
