@@ -197,9 +197,9 @@ bool HostGL::CreateShader(IGLContext* /*context*/, IGLShader** shader,
     return true;
 }
 
-/// Drops the library's reference of what it has freed; one more is our caller's own.
-void HostGL::dropReference(IUnknown& freed, const char* kind) {
-    if (freed.Release() > 1) m_log.add(std::string("a reference is left on a freed ") + kind);
+void HostGL::dropLastReference(IUnknown& freed, const char* kind) {
+    // One more is our caller's own.
+    if (dropReference(freed) > 1) m_log.add(std::string("a reference is left on a freed ") + kind);
 }
 
 void HostGL::FreeBuffer(IGLBuffer* buffer, bool /*valid*/) {
@@ -209,7 +209,7 @@ void HostGL::FreeBuffer(IGLBuffer* buffer, bool /*valid*/) {
         return;
     }
     if (usable("FreeBuffer")) m_bufferPool.put(freed->key(), freed->takeStorage());
-    dropReference(*freed, "buffer");
+    dropLastReference(*freed, "buffer");
 }
 
 void HostGL::retire(Texture& texture) {
@@ -230,11 +230,11 @@ void HostGL::FreeTexture(TextureParams* texture, bool /*valid*/) {
         return entry.second.get() == freed.get();
     });
     if (named || m_textures.find(freed.get()) != nullptr) {
-        static_cast<IGLTexture*>(freed.get())->Release();
+        dropReference(*freed);
         return;
     }
     if (usable("FreeTexture")) retire(*freed);
-    dropReference(*freed, "texture");
+    dropLastReference(*freed, "texture");
 }
 
 void HostGL::FreeShader(IGLShader* shader) {
@@ -244,7 +244,7 @@ void HostGL::FreeShader(IGLShader* shader) {
         return;
     }
     if (usable("FreeShader")) m_programs.put(freed->takeLinked());
-    dropReference(*freed, "program");
+    dropLastReference(*freed, "program");
 }
 
 bool HostGL::SetRenderTarget(IGLContext* /*context*/, const TextureParams* target, int samples,
