@@ -6,9 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "brushworks/unknown.h"
 #include "host/ref.h"
 
 namespace brushworks::host::gl {
+
+/// Drops the reference that comes with an object that the library gives back; returns how many are
+/// left. Out of line, for analyzers do not count references and would warn of its last use.
+std::uint32_t dropReference(IUnknown& object);
 
 /// Objects of one kind. The list has a reference of its own on each, so that what the library
 /// forgets can still be put in order.

@@ -197,8 +197,9 @@ bool HostGL::CreateShader(IGLContext* /*context*/, IGLShader** shader,
     return true;
 }
 
-void HostGL::checkLastReference(std::uint32_t left, const char* kind) {
-    if (left != 0) m_log.add(std::string("a reference is left on a freed ") + kind);
+void HostGL::dropLastReference(IUnknown& freed, const char* kind) {
+    // One more is our caller's own.
+    if (dropReference(freed) > 1) m_log.add(std::string("a reference is left on a freed ") + kind);
 }
 
 void HostGL::FreeBuffer(IGLBuffer* buffer, bool /*valid*/) {
@@ -208,8 +209,7 @@ void HostGL::FreeBuffer(IGLBuffer* buffer, bool /*valid*/) {
         return;
     }
     if (usable("FreeBuffer")) m_bufferPool.put(freed->key(), freed->takeStorage());
-    // One reference is ours, to the end of this function.
-    checkLastReference(freed->Release() - 1, "buffer");
+    dropLastReference(*freed, "buffer");
 }
 
 void HostGL::retire(Texture& texture) {
@@ -229,12 +229,12 @@ void HostGL::FreeTexture(TextureParams* texture, bool /*valid*/) {
     const bool named = std::any_of(m_named.begin(), m_named.end(), [&](const auto& entry) {
         return entry.second.get() == freed.get();
     });
-    if (named) {
-        freed->Release();
+    if (named || m_textures.find(freed.get()) != nullptr) {
+        dropReference(*freed);
         return;
     }
-    if (m_textures.find(freed.get()) == nullptr && usable("FreeTexture")) retire(*freed);
-    checkLastReference(freed->Release() - 1, "texture");
+    if (usable("FreeTexture")) retire(*freed);
+    dropLastReference(*freed, "texture");
 }
 
 void HostGL::FreeShader(IGLShader* shader) {
@@ -244,7 +244,7 @@ void HostGL::FreeShader(IGLShader* shader) {
         return;
     }
     if (usable("FreeShader")) m_programs.put(freed->takeLinked());
-    checkLastReference(freed->Release() - 1, "program");
+    dropLastReference(*freed, "program");
 }
 
 bool HostGL::SetRenderTarget(IGLContext* /*context*/, const TextureParams* target, int samples,

@@ -87,7 +87,7 @@ class HostGL final : public Counted<IVideoHostGL, &IID_VideoHostGL> {
     Ref<Texture> makeTexture(const TextureKey& key);
     Ref<Texture> namedTexture(const std::string& name, const TextureKey& key, bool& existed);
     void retire(Texture& texture);
-    void checkLastReference(std::uint32_t left, const char* kind);
+    void dropLastReference(IUnknown& freed, const char* kind);
 
     Ref<GLContext> m_pContext;
     HostGLOptions m_options;

@@ -137,7 +137,8 @@ TEST_F(HostGLTest, PixelsOfEveryFormatComeBackWhateverTheirRows) {
                 const int width = 13;
                 const int height = 5;
                 const int span = width * bytes + gap;
-                std::vector<std::uint8_t> source = someBytes(std::size_t(span * height));
+                std::vector<std::uint8_t> source =
+                    someBytes(std::size_t(span) * std::size_t(height));
                 std::vector<std::uint8_t> target(source.size(), 0xEE);
                 const auto frameOf = [&](std::vector<std::uint8_t>& memory) {
                     std::uint8_t* start = memory.data() + (upwards ? span * (height - 1) : 0);
@@ -149,7 +150,7 @@ TEST_F(HostGLTest, PixelsOfEveryFormatComeBackWhateverTheirRows) {
                 ASSERT_TRUE(texture);
                 ASSERT_TRUE(renderer().download(*texture, frameOf(target)));
                 for (int y = 0; y < height; ++y) {
-                    const std::size_t row = std::size_t(y * span);
+                    const std::size_t row = std::size_t(y) * std::size_t(span);
                     EXPECT_EQ(std::memcmp(&source[row], &target[row], std::size_t(width * bytes)),
                               0)
                         << "format " << format << " gap " << gap << " row " << y;

@@ -56,14 +56,15 @@ void inspectLeftovers(HostGL& host, std::uint64_t mark, bool rendered) {
 
 }  // namespace
 
-Renderer::Renderer(Ref<GLContext> context, Ref<HostGL> hostGL)
-    : m_pContext(std::move(context)), m_pHostGL(std::move(hostGL)) {}
+Renderer::Renderer(Ref<GLContext> context, Ref<HostGL> hostGL, bool overlap)
+    : m_pContext(std::move(context)), m_pHostGL(std::move(hostGL)), m_bOverlap(overlap) {}
 
 Renderer Renderer::create(const RendererOptions& options) {
     auto context = Ref<GLContext>::adopt(
         new GLContext({.requireHardware = options.requireHardware, .debug = options.debug}));
     auto hostGL = HostGL::create(context, {.debug = options.debug, .garbage = options.garbage});
-    return Renderer(std::move(context), std::move(hostGL));
+    const bool overlap = options.overlap.value_or(context->context().description().hardware);
+    return Renderer(std::move(context), std::move(hostGL), overlap);
 }
 
 bool Renderer::supports(const Effect& effect) {
@@ -150,8 +151,14 @@ bool Renderer::submit(IVideoGPUEffect& effect, IVideoHost& values, const FramePa
         return false;
     }
     if (m_onTheirWay.size() == kFramesOnTheirWay && !collect()) return false;
+    if (!m_bOverlap) {
+        if (!download(*to, destination)) return false;
+        m_onTheirWay.emplace_back();
+        return true;
+    }
     const Texture& result = *m_pHostGL->find(*to);
-    m_onTheirWay.emplace_back(result.name(), Region{0, 0, destination.nWidth, destination.nHeight},
+    m_onTheirWay.emplace_back(std::in_place, result.name(),
+                              Region{0, 0, destination.nWidth, destination.nHeight},
                               result.key().layout, destination);
     m_pHostGL->log().check("submit");
     return true;
@@ -159,7 +166,8 @@ bool Renderer::submit(IVideoGPUEffect& effect, IVideoHost& values, const FramePa
 
 bool Renderer::collect() {
     if (m_onTheirWay.empty()) return false;
-    const bool whole = m_onTheirWay.front().finish();
+    std::optional<Readback>& oldest = m_onTheirWay.front();
+    const bool whole = !oldest || oldest->finish();
     m_onTheirWay.pop_front();
     m_pHostGL->log().check("collect");
     return whole;

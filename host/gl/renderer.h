@@ -18,6 +18,9 @@ struct RendererOptions {
     bool requireHardware = false;  ///< refuse to render on the processor
     bool debug = false;            ///< collect problems: wrong use of OpenGL, what was not freed
     bool garbage = false;          ///< fresh textures start as nonsense, so that reading them shows
+    /// Whether submit() lets a result come over while the next frame is worked on. By default on
+    /// graphics cards alone: on the processor the detour costs more than it gains.
+    std::optional<bool> overlap = std::nullopt;
 };
 
 /// Renders effects with OpenGL. It serves on the thread that made it, or the one it was moved to.
@@ -43,7 +46,7 @@ class Renderer {
                        const FrameParams& source, const FrameParams& destination,
                        const RenderInfo& info);
 
-    /// Renders like render(), and lets the result come over while the next frame is worked on: the
+    /// Renders like render(), but the result may come over while the next frame is worked on: the
     /// destination is only whole when collect() has said so, once for each frame in their order.
     /// With kFramesOnTheirWay waiting already, the oldest is waited for here.
     bool submit(const Effect& effect, const FrameParams& source, const FrameParams& destination,
@@ -77,14 +80,16 @@ class Renderer {
     std::vector<std::string> takeProblems() { return m_pHostGL->log().take(); }
 
   private:
-    Renderer(Ref<GLContext> context, Ref<HostGL> hostGL);
+    Renderer(Ref<GLContext> context, Ref<HostGL> hostGL, bool overlap);
 
     bool renderTexture(IVideoHostGL& maker, IVideoGPUEffect& effect, IVideoHost& values,
                        TextureParams* source, TextureParams* destination, const RenderInfo& info);
 
     Ref<GLContext> m_pContext;
     Ref<HostGL> m_pHostGL;
-    std::deque<Readback> m_onTheirWay;
+    bool m_bOverlap;
+    /// Frames of submit() in their order; empty ones have arrived.
+    std::deque<std::optional<Readback>> m_onTheirWay;
 };
 
 }  // namespace brushworks::host::gl

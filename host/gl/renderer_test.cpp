@@ -44,20 +44,23 @@ class InvertingEffect final : public IVideoGPUEffect {
     bool RenderGPU(RenderType, IVideoHost* host, IGLContext* context, TextureParams* source,
                    TextureParams*, TextureParams* destination, RenderInfo*) override {
         IVideoHostGL* gl = hostGLOf(host);
-        TextureParams scratch;
-        IGLShader* program = nullptr;
-        const bool done = makeAll(*gl, context, *source, scratch, program) &&
-                          draw(*gl, context, *program, *source, scratch) &&
-                          draw(*gl, context, *program, scratch, *destination) &&
-                          draw(*gl, context, *program, *source, *destination);
+        scratch = {};
+        program = nullptr;
+        const bool done = makeAll(*gl, context, *source) && draw(*gl, context, *source, scratch) &&
+                          draw(*gl, context, scratch, *destination) &&
+                          draw(*gl, context, *source, *destination);
         gl->SetRenderTarget(context, nullptr, 0, false, false);
-        if (forgets) return done;
-        gl->FreeTexture(&scratch, scratch.pTexture != nullptr);
-        gl->FreeShader(program);
+        if (!forgets) freeAll(*gl);
         return done;
+    }
+    void freeAll(IVideoHostGL& gl) {
+        gl.FreeTexture(&scratch, scratch.pTexture != nullptr);
+        gl.FreeShader(program);
     }
 
     bool forgets = false;
+    TextureParams scratch;
+    IGLShader* program = nullptr;
 
   private:
     static IVideoHostGL* hostGLOf(IVideoHost* host) {
@@ -67,8 +70,7 @@ class InvertingEffect final : public IVideoGPUEffect {
         gl->Release();
         return gl;
     }
-    static bool makeAll(IVideoHostGL& gl, IGLContext* context, const TextureParams& like,
-                        TextureParams& scratch, IGLShader*& program) {
+    bool makeAll(IVideoHostGL& gl, IGLContext* context, const TextureParams& like) {
         const auto bytes = [](std::string_view text) {
             return reinterpret_cast<const std::uint8_t*>(text.data());
         };
@@ -77,11 +79,11 @@ class InvertingEffect final : public IVideoGPUEffect {
                gl.CreateShader(context, &program, bytes(kVertex), bytes(kFragment), nullptr,
                                kVertex.size(), kFragment.size(), 0, 0, 0, 0, 0, 0, 0);
     }
-    static bool draw(IVideoHostGL& gl, IGLContext* context, IGLShader& program,
-                     const TextureParams& source, const TextureParams& target) {
+    bool draw(IVideoHostGL& gl, IGLContext* context, const TextureParams& from,
+              const TextureParams& target) {
         if (!gl.SetRenderTarget(context, &target, 0, false, false)) return false;
-        program.Bind(target.nWidth, target.nHeight);
-        program.SetTex2D("source", source.pTexture);
+        program->Bind(target.nWidth, target.nHeight);
+        program->SetTex2D("source", from.pTexture);
         glRectf(-1, -1, 1, 1);
         return true;
     }
@@ -143,22 +145,22 @@ TEST_F(RendererTest, NoticesWhatAnEffectForgets) {
     EXPECT_THAT(own.takeProblems(),
                 UnorderedElementsAre(HasSubstr("did not free a texture of 4 by 4"),
                                      HasSubstr("did not free a program")));
+    effect.freeAll(own.hostGL());
     own.release();
 }
 
 TEST_F(RendererTest, PassesFramesOnWhileTheNextOnesRender) {
-    std::vector<Picture> sources;
+    std::vector<Picture> sources(5, testPicture(9, 6, PixelFormatBGRA32f));
     std::vector<Picture> results(5, Picture(9, 6, PixelFormatBGRA32f));
-    for (int i = 0; i < 5; ++i) sources.push_back(testPicture(9, 6, PixelFormatBGRA32f));
     EXPECT_FALSE(renderer().collect());
-    for (int i = 0; i < 5; ++i) {
+    for (std::size_t i = 0; i < 5; ++i) {
         sources[i].bytes[0] = static_cast<std::uint8_t>(i);
         ASSERT_TRUE(renderer().submit(effect, *values, sources[i].frame(), results[i].frame(),
                                       kWholeFrame));
     }
     EXPECT_TRUE(renderer().collect() && renderer().collect());
     EXPECT_FALSE(renderer().collect());
-    for (int i = 0; i < 5; ++i) {
+    for (std::size_t i = 0; i < 5; ++i) {
         Picture expected(9, 6, PixelFormatBGRA32f);
         ASSERT_TRUE(
             renderer().render(effect, *values, sources[i].frame(), expected.frame(), kWholeFrame));

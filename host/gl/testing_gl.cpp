@@ -18,7 +18,8 @@ class SharedRenderer final : public ::testing::Environment {
     Renderer* get() {
         if (!m_renderer && m_sWhyNot.empty()) {
             try {
-                m_renderer.emplace(Renderer::create({.debug = true, .garbage = true}));
+                m_renderer.emplace(
+                    Renderer::create({.debug = true, .garbage = true, .overlap = true}));
             } catch (const Error& error) {
                 m_sWhyNot = error.what();
             }

@@ -66,7 +66,7 @@ std::filesystem::path writePictures(const FrameParams& actual, const FrameParams
     const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
     const std::string name =
         test != nullptr ? std::string(test->test_suite_name()) + "." + test->name() : "pictures";
-    const std::filesystem::path folder =
+    std::filesystem::path folder =
         std::filesystem::path(::testing::TempDir()) / "brushworks-gl" / name;
     std::filesystem::create_directories(folder);
     const auto of = [](const FrameParams& frame) {
