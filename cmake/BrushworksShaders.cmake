@@ -2,7 +2,8 @@
 #
 # Puts files of GLSL into a library as shader records: RECORD becomes a constant ShaderStruct of that
 # name in brushworks:: or brushworks::NAMESPACE, declared by hand where its users look. A line
-# #include "name" in a shader is replaced by a file from beside it or from gpu/shaders/include.
+# #include "name" in a shader is replaced by a file from beside it or from gpu/shaders/include. The whole
+# texts, for offline compilers, are listed in the global property BRUSHWORKS_SHADER_TEXTS.
 set(BRUSHWORKS_SHADER_INCLUDES ${PROJECT_SOURCE_DIR}/gpu/shaders/include)
 set(BRUSHWORKS_EMBED_SHADER ${CMAKE_CURRENT_LIST_DIR}/embed_shader.cmake)
 
@@ -30,13 +31,15 @@ function(brushworks_shaders target)
     endforeach()
 
     set(embedded ${CMAKE_CURRENT_BINARY_DIR}/shaders/${record}.cpp)
-    add_custom_command(OUTPUT ${embedded} ${embedded}.glsl
+    string(REGEX REPLACE ".*\\.([a-z]+)\\.glsl$" "\\1" stage ${file})
+    set(text ${CMAKE_CURRENT_BINARY_DIR}/shaders/${record}.${stage})
+    add_custom_command(OUTPUT ${embedded} ${text}
         COMMAND ${CMAKE_COMMAND} -DRECORD=${record} -DNAMESPACE=${ARG_NAMESPACE} -DFILE=${file}
-            -DINCLUDES=${BRUSHWORKS_SHADER_INCLUDES} -DOUTPUT=${embedded}
+            -DINCLUDES=${BRUSHWORKS_SHADER_INCLUDES} -DOUTPUT=${embedded} -DTEXT=${text}
             -P ${BRUSHWORKS_EMBED_SHADER}
         DEPENDS ${dependencies} ${BRUSHWORKS_EMBED_SHADER}
         COMMENT "Embedding ${record}" VERBATIM)
     target_sources(${target} PRIVATE ${embedded})
-    set_property(GLOBAL APPEND PROPERTY BRUSHWORKS_SHADER_TEXTS ${embedded}.glsl)
+    set_property(GLOBAL APPEND PROPERTY BRUSHWORKS_SHADER_TEXTS ${text})
   endforeach()
 endfunction()

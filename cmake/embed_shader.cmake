@@ -1,5 +1,5 @@
 # Writes OUTPUT, a source file that defines RECORD in NAMESPACE, from the GLSL in FILE with its
-# includes in place, and OUTPUT.glsl, the same text for offline compilers.
+# includes in place, and TEXT, the same for offline compilers.
 cmake_minimum_required(VERSION 3.25)
 
 # In these versions of GLSL, "#line N" says that the line after the next newline is N + 1.
@@ -42,9 +42,9 @@ function(read_shader file number result)
 endfunction()
 
 read_shader(${FILE} 0 text)
-file(WRITE ${OUTPUT}.glsl "${text}")
+file(WRITE ${TEXT} "${text}")
 
-file(READ ${OUTPUT}.glsl bytes HEX)
+file(READ ${TEXT} bytes HEX)
 string(LENGTH "${bytes}" digits)
 math(EXPR size "${digits} / 2")
 string(REGEX REPLACE "(................................................)" "\\1\n    " bytes "${bytes}")

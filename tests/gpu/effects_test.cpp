@@ -120,17 +120,53 @@ EffectParam Index(int index) {
     return {.index = index};
 }
 
+// Posterize counts in the processor's own samples. What differs is that the work texture has bytes,
+// also for pictures of floats: half a level.
+constexpr Tolerance kExact = {};
+constexpr Tolerance kHalfALevel = {.largest = 0.5, .psnr = 58};
+constexpr Tolerance kSameBytes = {.largest = 0.001};
+
+// Charcoal's smoothing weighs neighbours in another way on the card, and drops none: edges differ
+// by a few levels, which the strokes multiply and a steep contrast multiplies again.
+constexpr Tolerance kSmoothed = {.largest = 200, .psnr = 44};
+constexpr Tolerance kSmoothedAndSteep = {.largest = 220, .psnr = 29};
+
 INSTANTIATE_TEST_SUITE_P(
     All, AgainstTheProcessor,
-    ::testing::Values(Case{.name = "Posterize", .effect = kPosterize},
-                      Case{
-                          .name = "PosterizeNine", .effect = kPosterize, .values = {{3, Index(7)}}},
-                      Case{.name = "PosterizeDots",
-                           .effect = kPosterize,
-                           .values = {{3, Index(2)}, {4, Index(4)}}},
-                      Case{.name = "Charcoal", .effect = kCharcoal},
-                      Case{.name = "CharcoalGreen", .effect = kCharcoal, .preset = 3}),
+    ::testing::Values(
+        Case{.name = "Posterize", .effect = kPosterize, .bytes = kExact, .floats = kSameBytes},
+        Case{.name = "PosterizeNine",
+             .effect = kPosterize,
+             .values = {{3, Index(7)}},
+             .bytes = kExact,
+             .floats = kHalfALevel},
+        Case{.name = "PosterizeDots",
+             .effect = kPosterize,
+             .values = {{3, Index(2)}, {4, Index(4)}},
+             .bytes = kExact,
+             .floats = kSameBytes},
+        Case{.name = "Charcoal", .effect = kCharcoal, .bytes = kSmoothed, .floats = kSmoothed},
+        Case{.name = "CharcoalGreen",
+             .effect = kCharcoal,
+             .preset = 3,
+             .bytes = kSmoothedAndSteep,
+             .floats = kSmoothedAndSteep}),
     [](const auto& test) { return test.param.name; });
+
+TEST_F(OnCard, CharcoalGivesTheSamePictureWhereThereIsNothingToSmooth) {
+    // Flat blocks whose steps are far beyond the range of the smoothing.
+    Picture source(192, 128, PixelFormatBGRA8);
+    for (std::size_t i = 0; i < source.bytes.size(); ++i) {
+        const std::size_t x = i / 4 % 192 / 24, y = i / 4 / 192 / 16;
+        source.bytes[i] = static_cast<std::uint8_t>(i % 4 == 3 ? 255 : (x * 5 + y * 3) % 6 * 50);
+    }
+    Use(kCharcoal, 3, {{0, {.value = 1.0f}}});
+    Picture expected(192, 128, PixelFormatBGRA8), actual(192, 128, PixelFormatBGRA8);
+    ASSERT_TRUE(RenderOnProcessor(source, expected));
+    ASSERT_TRUE(RenderOnCard(source, actual));
+    // The processor's smoothing darkens by up to two levels, and this is the steepest contrast.
+    EXPECT_TRUE(alike(actual.frame(), expected.frame(), {.largest = 30, .psnr = 43}));
+}
 
 /// What holds of every render on the card.
 class OnCardLaws : public OnCard, public ::testing::WithParamInterface<unsigned int> {
