@@ -16,7 +16,8 @@ using host::gl::alike;
 
 class GPUBlendTest : public DrawingTest {
   protected:
-    Picture Blend(Picture base, Picture layer, CBlend::BlendTypeEnum type, bool mono) {
+    Picture Blend(const Picture& base, const Picture& layer, CBlend::BlendTypeEnum type,
+                  bool mono) {
         Texture first(base), second(layer), target(base.width, base.height, base.format);
         EXPECT_TRUE(CBlend(&helper).Process(first, second, target, type, mono));
         return target.Read();
