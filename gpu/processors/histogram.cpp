@@ -1,6 +1,7 @@
 #include "gpu/processors/histogram.h"
 
 #include <algorithm>
+#include <bit>
 #include <climits>
 #include <cstdint>
 
@@ -129,9 +130,10 @@ bool CHistogram::CountPoints(const Planes& planes, unsigned int nPixels, unsigne
     for (unsigned int plane = 0; plane < stride; ++plane) {
         if (!program.SetInt1("nColorPlane", planes.first + static_cast<int>(plane))) return false;
         for (unsigned int i = 0; i < nPixels; i += kPointsPerDrawing) {
-            const std::uintptr_t offset = plane + std::uintptr_t{stride} * i;
+            // With a buffer bound, the pointer is the place in it.
+            const std::uintptr_t place = plane + std::uintptr_t{stride} * i;
             GL().glVertexAttribPointerARB(nAttribute, 1, GL_UNSIGNED_BYTE, GL_FALSE, planes.count,
-                                          reinterpret_cast<const void*>(offset));
+                                          std::bit_cast<const void*>(place));
             GL().glDrawArrays(GL_POINTS, 0,
                               static_cast<int>(std::min(nPixels - i, kPointsPerDrawing)));
         }

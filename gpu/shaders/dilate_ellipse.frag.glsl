@@ -34,11 +34,14 @@ void lookAt(vec2 offset) {
     extreme = max(extreme, direction * texel);
 }
 
-void lookAtFour(vec2 offset) {
+void lookBothWays(vec2 offset) {
     lookAt(offset);
     lookAt(-offset);
-    lookAt(vec2(offset.x, -offset.y));
-    lookAt(vec2(-offset.x, offset.y));
+}
+
+void lookFourWays(vec2 offset) {
+    lookBothWays(offset);
+    lookBothWays(vec2(offset.x, -offset.y));
 }
 
 // How far an ellipse of these radii reaches along one axis at a distance on the other, in whole
@@ -49,16 +52,23 @@ float reach(float along, float across, float distance) {
 }
 
 void lookAlongRing(vec2 ring, vec2 stride) {
-    for (float y = 0.0; y <= ring.y + kSlack; y += stride.y)
-        lookAtFour(vec2(reach(ring.x, ring.y, y), y));
-    for (float x = 0.0; x <= ring.x + kSlack; x += stride.x)
-        lookAtFour(vec2(x, reach(ring.y, ring.x, x)));
+    lookBothWays(vec2(reach(ring.x, ring.y, 0.0), 0.0));
+    lookBothWays(vec2(0.0, reach(ring.y, ring.x, 0.0)));
+    for (float y = stride.y; y < ring.y; y += stride.y)
+        lookFourWays(vec2(reach(ring.x, ring.y, y), y));
+    for (float x = stride.x; x < ring.x; x += stride.x)
+        lookFourWays(vec2(x, reach(ring.y, ring.x, x)));
 }
 
 // Where the mean of a neighbourhood of samples from 0 to 1 is m, half of it has at least 2 m - 1,
-// and half at most 2 m: with this reserve a blurred picture widens no straight or round outline.
+// and half at most 2 m: with this reserve a blurred picture widens no straight or round outline. Its
+// texels are as large as the ellipse, so it is looked at where they leave half of one for error. The
+// blur puts others in the place of the two texels at the edge, and mixes them into two more.
 void lookAtMean(vec2 offset) {
+    const float edge = 4.0;
     vec2 index = texelIndexUnder(Texture1, vRT + offset / vRTSize);
+    vec2 margin = min(index, Texture1.vNORM2TEXi_Scale - index);
+    if (min(margin.x, margin.y) < edge) return;
     vec4 mean = texture2D(Texture1_texture, texelAt(Texture1, index));
     extreme = max(extreme, 2.0 * direction * mean - max(direction, 0.0));
 }
@@ -75,12 +85,13 @@ void main() {
         lookAlongRing(ring, clamp(floor((ring + 1.0) / 2.0), vec2(1.0), rings));
     }
 
+    vec2 near = 0.4 * radius;
     lookAtMean(vec2(0.0));
     for (float side = -1.0; side <= 1.0; side += 2.0) {
-        lookAtMean(vec2(side * radius.x, 0.0));
-        lookAtMean(vec2(0.0, side * radius.y));
-        lookAtMean(side * 0.7 * radius);
-        lookAtMean(side * 0.7 * vec2(radius.x, -radius.y));
+        lookAtMean(vec2(side * near.x, 0.0));
+        lookAtMean(vec2(0.0, side * near.y));
+        lookAtMean(side * 0.7 * near);
+        lookAtMean(side * 0.7 * vec2(near.x, -near.y));
     }
 
     vec4 result = direction * extreme;
