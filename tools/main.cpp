@@ -6,6 +6,7 @@
 
 #include "describe_command.h"
 #include "gallery_command.h"
+#include "gpu_command.h"
 #include "host/error.h"
 #include "host/library.h"
 #include "media/error.h"
@@ -153,6 +154,15 @@ void addGallery(CLI::App& app) {
     gallery->callback([=] { tools::gallery(loadLibrary(), *options); });
 }
 
+void addGpu(CLI::App& app) {
+    CLI::App* gpu = app.add_subcommand(
+        "gpu", "Tell what OpenGL renders here, and which effects render with it");
+    const auto options = std::make_shared<tools::GpuOptions>();
+    gpu->add_flag("--hardware", options->hardware, "Look for a graphics card alone");
+    gpu->add_flag("--json", options->json, "Write JSON");
+    gpu->callback([=] { tools::describeGpu(loadLibrary(), *options, std::cout); });
+}
+
 int fail(const std::exception& error, int status) {
     std::fprintf(stderr, "brushworks: %s\n", error.what());
     return status;
@@ -167,6 +177,7 @@ int run(int count, char** arguments) {
     addPaint(app);
     addPreset(app);
     addGallery(app);
+    addGpu(app);
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.
