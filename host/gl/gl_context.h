@@ -7,7 +7,8 @@
 
 namespace brushworks::host::gl {
 
-/// A context with the answers about its features. [the context's thread, context current]
+/// A context with the answers about its features. Operations fail harmlessly on a thread where it
+/// is not current.
 class GLContext final : public Counted<IGLContext> {
   public:
     /// Throws Error.
@@ -29,6 +30,9 @@ class GLContext final : public Counted<IGLContext> {
 
   private:
     ~GLContext() override = default;
+
+    template <class Call>
+    bool whenCurrent(Call call);
 
     Context m_context;
     ARBHelper m_features;
