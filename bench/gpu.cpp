@@ -54,6 +54,7 @@ class Bench {
     }
 
     void RegisterAll() {
+        static float kernel[19 * 19] = {0.5f, 0.25f, 0.125f, -0.125f};
         static float matrix[3][4] = {{0.9f, 0.1f, 0, 0}, {0, 0.9f, 0.1f, 0}, {0.1f, 0, 0.9f, 0}};
         Register("copy", [this] { return CCopy(&m_helper).Process(m_a, m_target); });
         Register("resize/twice", [this] { return CResize(&m_helper).Process(m_half, m_target); });
@@ -77,12 +78,6 @@ class Bench {
             Register("smooth/" + std::to_string(span), [this, radius = radius] {
                 return CSmooth(&m_helper).Process(m_a, m_target, 1, 0.6f, radius, 0, false);
             });
-        RegisterNeighbourhoodsAndSums();
-    }
-
-  private:
-    void RegisterNeighbourhoodsAndSums() {
-        static float kernel[19 * 19] = {0.5f, 0.25f, 0.125f, -0.125f};
         Register("filter/3x3",
                  [this] { return CFilter3x3(&m_helper).Process(m_a, m_target, kernel, false); });
         for (int size : {3, 5, 19})
@@ -105,6 +100,8 @@ class Bench {
                                                                    false, true, nullptr, nullptr);
             });
     }
+
+  private:
     static void Register(const std::string& name, const std::function<bool()>& draw) {
         const auto finish = reinterpret_cast<void (*)()>(FindGLProcedure("glFinish"));
         benchmark::RegisterBenchmark(name.c_str(),
