@@ -16,22 +16,27 @@
 #include "gpu/processors/color_twist.h"
 #include "gpu/processors/combine.h"
 #include "gpu/processors/copy.h"
+#include "gpu/processors/dilate_ellipse_fast.h"
+#include "gpu/processors/filter.h"
+#include "gpu/processors/filter_3x3.h"
+#include "gpu/processors/histogram.h"
 #include "gpu/processors/mix.h"
 #include "gpu/processors/noise_gen.h"
 #include "gpu/processors/resize.h"
+#include "gpu/processors/segment_tree.h"
 #include "gpu/processors/smooth.h"
 #include "host/gl/renderer.h"
 
 namespace brushworks::GPUProcessors {
 namespace {
 
-constexpr int kWidth = 1920, kHeight = 1080;
+constexpr int kWidth = 1920, kHeight = 1080, kBuckets = 256;
 
 /// Three pictures of noise on the card, and the operations over them.
 class Bench {
   public:
     explicit Bench(host::gl::Renderer& renderer)
-        : m_a(m_helper), m_b(m_helper), m_target(m_helper) {
+        : m_a(m_helper), m_b(m_helper), m_target(m_helper), m_sums(m_helper), m_counts(m_helper) {
         m_helper.SetParams(&renderer.hostGL(), &renderer.context());
         m_helper.SetGLStates();
         m_helper.ConfigProjectionMatrix(kWidth, kHeight);
@@ -40,12 +45,16 @@ class Bench {
             if (!texture->Make(kWidth, kHeight, PixelFormatBGRA8) ||
                 !CNoiseGen(&m_helper).Process(*texture))
                 std::fputs("gpu_bench: no texture\n", stderr);
+        if (!m_sums.Make(kWidth, kHeight, PixelFormatBGRA32f) ||
+            !m_counts.Make(kBuckets, 1, PixelFormatBGRA32f))
+            std::fputs("gpu_bench: no texture of floats\n", stderr);
         m_half = m_a;
         m_half.nWidth /= 2;
         m_half.nHeight /= 2;
     }
 
     void RegisterAll() {
+        static float kernel[19 * 19] = {0.5f, 0.25f, 0.125f, -0.125f};
         static float matrix[3][4] = {{0.9f, 0.1f, 0, 0}, {0, 0.9f, 0.1f, 0}, {0.1f, 0, 0.9f, 0}};
         Register("copy", [this] { return CCopy(&m_helper).Process(m_a, m_target); });
         Register("resize/twice", [this] { return CResize(&m_helper).Process(m_half, m_target); });
@@ -69,6 +78,27 @@ class Bench {
             Register("smooth/" + std::to_string(span), [this, radius = radius] {
                 return CSmooth(&m_helper).Process(m_a, m_target, 1, 0.6f, radius, 0, false);
             });
+        Register("filter/3x3",
+                 [this] { return CFilter3x3(&m_helper).Process(m_a, m_target, kernel, false); });
+        for (int size : {3, 5, 19})
+            Register("filter/" + std::to_string(size), [this, size] {
+                return CFilter(&m_helper).Process(m_a, m_target, size, size, kernel, size / 2,
+                                                  size / 2);
+            });
+        Register("histogram", [this] {
+            return CHistogram(&m_helper).ProcessGPU(m_a, m_counts, CHistogram::kBlue, kBuckets);
+        });
+        Register("sums", [this] { return CSegmentTree(&m_helper).Process(m_a, m_sums); });
+        for (int radius : {20, 100})
+            Register("dilate/" + std::to_string(radius), [this, radius] {
+                return CDilateEllipseFast(&m_helper).Process(m_a, m_target, radius, false, false,
+                                                             true, nullptr, nullptr);
+            });
+        for (int radius : {100, 200})
+            Register("dilate_resize/" + std::to_string(radius), [this, radius] {
+                return CDilateEllipseFast(&m_helper).ProcessResize(m_a, m_target, radius, false,
+                                                                   false, true, nullptr, nullptr);
+            });
     }
 
   private:
@@ -86,7 +116,7 @@ class Bench {
     }
 
     GPUHelper m_helper;
-    ScratchTexture m_a, m_b, m_target;
+    ScratchTexture m_a, m_b, m_target, m_sums, m_counts;
     TextureParams m_half;
 };
 

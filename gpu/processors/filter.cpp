@@ -38,23 +38,23 @@ bool CFilter::Process(const TextureParams& src, const TextureParams& dst, int nK
     if (!m_pHelper || !CheckTexture(src) || !CheckTexture(dst) || !pKernel || nAnchorX < 0 ||
         nAnchorX >= nKernelW || nAnchorY < 0 || nAnchorY >= nKernelH)
         return false;
-    const Kernel kernel = {nKernelW, nKernelH, pKernel, nAnchorX, nAnchorY};
-    if (IsFloating(dst.pfPixelFormat)) return AddTiles(src, dst, kernel);
-
-    ScratchTexture sum(*m_pHelper);
-    return sum.Make(dst, FloatsLike(dst.pfPixelFormat)) && AddTiles(src, sum, kernel) &&
-           CCopy(m_pHelper).Process(sum, dst);
-}
-
-bool CFilter::AddTiles(const TextureParams& src, const TextureParams& sum, const Kernel& kernel) {
     ScratchProgram program(*m_pHelper);
     if (!program.Make(CommonShaders::ssVertexDefault, CommonShaders::ssFilter_FShader))
         return false;
     src.pTexture->SetFilter(GL_NEAREST);
     m_pHelper->Blender().Disable();
+    const Kernel kernel = {nKernelW, nKernelH, pKernel, nAnchorX, nAnchorY};
+    if (IsFloating(dst.pfPixelFormat)) return AddTiles(program, src, dst, kernel);
+
+    ScratchTexture sum(*m_pHelper);
+    return sum.Make(dst, FloatsLike(dst.pfPixelFormat)) && AddTiles(program, src, sum, kernel) &&
+           CCopy(m_pHelper).Process(sum, dst);
+}
+
+bool CFilter::AddTiles(GLShaderProgram& program, const TextureParams& src, const TextureParams& sum,
+                       const Kernel& kernel) {
     if (!m_pHelper->SetRenderTarget(&sum, false, false, false)) return false;
     m_pHelper->ClearCurrentRT(0, 0, 0, 0);
-
     const AdditiveBlending blending(*m_pHelper);
     bool added = blending.IsEnabled();
     for (int by = 0; added && by < kernel.Rows(); ++by)

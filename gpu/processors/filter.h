@@ -20,7 +20,8 @@ class CFilter : public CGPUProcessor {
 
   private:
     struct Kernel;
-    bool AddTiles(const TextureParams& src, const TextureParams& sum, const Kernel& kernel);
+    bool AddTiles(GLShaderProgram& program, const TextureParams& src, const TextureParams& sum,
+                  const Kernel& kernel);
 };
 
 }  // namespace brushworks::GPUProcessors

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "drawing.h"
-#include "frames/frame.h"
 #include "frames/memory_allocator.h"
 #include "processors/dilate_ellipse.h"
 
@@ -54,10 +53,7 @@ Picture Negative(Picture picture) {
 /// The exact dilation by a circle.
 Picture DilateInMemory(Picture& picture, int reach) {
     Picture dilated = picture;
-    const FrameParams from = picture.frame(), to = dilated.frame();
-    CFrame src, dst;
-    src.Init(&from);
-    dst.Init(&to);
+    FrameOver src(picture), dst(dilated);
     MemoryAllocator allocator;
     const int size = 2 * reach + 1;
     EXPECT_TRUE(Processors::CDilateEllipse().Process(&src, &dst, size, size, &allocator));

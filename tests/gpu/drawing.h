@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 #include "frames/frame.h"
 #include "gpu/gpu_helper.h"
+#include "host/gl/refusing_host.h"
 #include "host/gl/testing_gl.h"
 #include "host/gl/testing_picture.h"
 
@@ -88,6 +90,21 @@ class DrawingTest : public host::gl::GLTest {
         helper.SetGLStates();
         helper.ConfigProjectionMatrix(2, 2);
         helper.ConfigModelViewMatrix();
+    }
+
+    /// Refuses each of an operation's requests in turn: it must fail, and free all that it made.
+    void ExpectToFailCleanly(const std::function<bool()>& operation) {
+        bool refused = true;
+        for (int request = 0; refused; ++request) {
+            const auto host = host::gl::RefusingHostGL::create(hostGL(), request);
+            Begin(*host);
+            const std::uint64_t mark = hostGL().mark();
+            const bool done = operation();
+            refused = host->refused();
+            EXPECT_EQ(done, !refused) << "request " << request;
+            EXPECT_TRUE(hostGL().aliveSince(mark).empty());
+            Begin(hostGL());
+        }
     }
 
     /// A texture for one case. The picture is a region of a larger one, and nonsense is around it.

@@ -14,7 +14,6 @@
 #include "gpu/processors/noise_gen.h"
 #include "gpu/processors/resize.h"
 #include "gpu/processors/smooth.h"
-#include "host/gl/refusing_host.h"
 #include "processors/color_twist.h"
 
 namespace brushworks::GPUProcessors {
@@ -209,19 +208,7 @@ TEST_F(GPUProcessorsTest, FailAndFreeEverythingWhereTheHostRefuses) {
         [&] { return CCombine(&helper).IsSupported() && CNoiseGen(&helper).IsSupported(); },
         [&] { return CBlend(&helper).IsSupported(CBlend::kHue); },
     };
-    for (const auto& operation : operations) {
-        bool refused = true;
-        for (int request = 0; refused; ++request) {
-            const auto host = host::gl::RefusingHostGL::create(hostGL(), request);
-            Begin(*host);
-            const std::uint64_t mark = hostGL().mark();
-            const bool done = operation();
-            refused = host->refused();
-            EXPECT_EQ(done, !refused);
-            EXPECT_TRUE(hostGL().aliveSince(mark).empty());
-            Begin(hostGL());
-        }
-    }
+    for (const auto& operation : operations) ExpectToFailCleanly(operation);
 }
 
 }  // namespace
