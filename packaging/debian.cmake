@@ -56,7 +56,8 @@ What it takes to build the effects of Brushworks into video software: the
 headers, a CMake package and a pkg-config file.")
 
 brushworks_package(tools brushworks SECTION video NEEDS library
-    SUGGESTS brushworks-doc
+    # OpenGL is opened where it is there, for rendering on the graphics card.
+    SUGGESTS "brushworks-doc, libegl1, libopengl0, libgl1-mesa-dri"
     DESCRIPTION "painterly video effects - command line
 Paints pictures and video with the twelve effects of Brushworks, lists their
 controls and presets, and makes a page that shows every preset on a picture.")
