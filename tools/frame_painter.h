@@ -2,16 +2,20 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
+#include "host/animation.h"
 #include "media/orientation.h"
 #include "media/raster.h"
 #include "render_frame.h"
 
 namespace brushworks::tools {
 
-/// A frame and its place in the video.
+/// A frame and its place in the video: what it is painted with depends on nothing else, so that a
+/// part of a video painted alone comes out as in the whole.
 struct NumberedFrame {
     std::int64_t number = 0;  ///< from 0
+    double seconds = 0;       ///< since the first frame
     media::FramePtr frame;
 };
 
@@ -21,7 +25,9 @@ struct PaintSettings {
     int recordedHeight = 0;
     media::Orientation orientation;
     media::Raster output;
-    RenderSettings render;  ///< with the seed of the first frame; each further frame adds 1
+    RenderSettings render;  ///< with the seed of the first frame
+    int hold = 0;           ///< frames before the seed counts on; 0: it never does
+    std::vector<host::Animation> animations;
 };
 
 /// One worker, with an effect object of its own. [one thread at a time]
@@ -34,7 +40,7 @@ class FramePainter {
     media::FramePtr paint(NumberedFrame decoded);
 
   private:
-    void render(const AVFrame& source, AVFrame& destination, std::int64_t number);
+    void render(const AVFrame& source, AVFrame& destination, const NumberedFrame& place);
 
     host::Effect m_effect;
     PaintSettings m_settings;

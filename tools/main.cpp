@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <exception>
 #include <iostream>
+#include <limits>
 
 #include "describe_command.h"
 #include "gallery_command.h"
@@ -46,11 +47,11 @@ void addInfo(CLI::App& app) {
 }
 
 /// The options for what an effect starts from and what is set then; returns the one for a preset.
-CLI::Option* addValues(CLI::App& app, tools::EffectChoice& choice) {
+CLI::Option* addValues(CLI::App& app, tools::EffectChoice& choice, const std::string& more = "") {
     CLI::Option* preset =
         app.add_option("-p,--preset", choice.preset, "Start from this preset of the effect");
     app.add_option("-s,--set", choice.values,
-                   "Set a parameter, as 'info' names it; may be given again")
+                   "Set a parameter, as 'info' names it; may be given again" + more)
         ->type_name("NAME=VALUE")
         ->allow_extra_args(false);
     return preset;
@@ -63,7 +64,10 @@ void addPaint(CLI::App& app) {
     tools::EffectChoice& choice = options->choice;
     paint->add_option("-e,--effect", choice.effect, "Id, display name or index of an effect")
         ->required();
-    CLI::Option* preset = addValues(*paint, choice);
+    CLI::Option* preset = addValues(
+        *paint, choice,
+        ". NAME=VALUE@TIME,VALUE@TIME moves it over a video, such as size=10@0s,60@4s: times in s, "
+        "ms, f (frames) or h:m:s; ~ in place of the comma eases");
     paint->add_option("--preset-file", choice.presetFile, "Start from this preset file")
         ->type_name("FILE")
         ->check(CLI::Validator(
@@ -78,8 +82,14 @@ void addPaint(CLI::App& app) {
         ->check(CLI::Range(1, kMostJobs));
     paint
         ->add_option("--seed", options->seed,
-                     "Seed of random strokes; the frames of a video count on from it")
+                     "Seed of random strokes, the same for all frames unless --hold is given")
         ->capture_default_str();
+    paint
+        ->add_option("--hold", options->hold,
+                     "Change random strokes every N frames of a video: the seed counts on there "
+                     "(default: they stay throughout)")
+        ->type_name("N")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()));
     paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
     paint->add_flag("-f,--force", options->force, "Replace an existing output");
     paint->add_flag("-q,--quiet", options->quiet, "No progress, no notes");

@@ -36,6 +36,12 @@ void checkKinds(const media::Reader& reader, const media::OutputFormat& format,
         "; its output must end in one of " + media::extensionList(reader.isPicture()));
 }
 
+/// 0 where the file does not say.
+double framesPerSecond(const media::Reader& reader) {
+    const AVRational rate = reader.frameRate();
+    return rate.num > 0 ? av_q2d(rate) : 0;
+}
+
 PaintSettings paintSettings(const PaintOptions& options, const media::OutputFormat& format,
                             const media::Reader& reader, const AVFrame& first) {
     PaintSettings settings;
@@ -51,6 +57,7 @@ PaintSettings paintSettings(const PaintOptions& options, const media::OutputForm
     }
     settings.output = media::outputRaster(format, media::rasterOf(first), width, height);
     settings.render = {aspect, options.seed, options.fields};
+    settings.hold = options.hold;
     return settings;
 }
 
@@ -80,6 +87,9 @@ void tellLosses(const Notes& note, const media::Reader& reader, const media::Out
     if (media::hasAlpha(decoded) && !format.keepAlpha) {
         note(std::string(".") + format.extension + " has no room for transparency; it is left out");
     }
+    if (format.picture && !settings.animations.empty()) {
+        note("a picture has no time; values that move stand as they are at 0s");
+    }
     if (!format.picture && settings.output.format == AV_PIX_FMT_YUV444P) {
         note("the size " + std::to_string(settings.output.width) + "x" +
              std::to_string(settings.output.height) +
@@ -98,15 +108,20 @@ std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSet
     return workers;
 }
 
+NumberedFrame numbered(const media::Reader& reader, std::int64_t number, media::FramePtr frame) {
+    const double seconds = frame ? reader.secondsOf(*frame) : 0;
+    return {number, seconds, std::move(frame)};
+}
+
 /// Runs all frames through the pool, in order, with the copied packets beside them.
 void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media::Writer& writer,
                  Progress& progress) {
-    NumberedFrame next = {0, std::move(first)};
+    NumberedFrame next = numbered(reader, 0, std::move(first));
     for (;;) {
         while (next.frame && pool.hasRoom()) {
             const std::int64_t number = next.number;
             pool.submit(std::move(next));
-            next = {number + 1, reader.next()};
+            next = numbered(reader, number + 1, reader.next());
             for (const media::PacketPtr& packet : reader.takePackets()) writer.writePacket(*packet);
         }
         if (pool.empty()) return;
@@ -120,22 +135,23 @@ void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media
 void paint(const host::Library& library, const PaintOptions& options) {
     media::captureLog();
     const Notes note(options.quiet);
-    const host::Effect effect = openEffect(library, options.choice);
     const media::OutputFormat& format = media::outputFormatOf(options.output);
     refuseSameFile(options);
     OutputFile file(options.output, options.force);
 
     media::Reader reader(options.input);
     checkKinds(reader, format, options);
+    ChosenEffect chosen = chooseEffect(library, options.choice, framesPerSecond(reader));
     media::FramePtr first = reader.next();
-    const PaintSettings settings = paintSettings(options, format, reader, *first);
+    PaintSettings settings = paintSettings(options, format, reader, *first);
+    settings.animations = std::move(chosen.animations);
     tellLosses(note, reader, format, settings, *first);
 
     media::Writer writer(file.temporaryPath(), format, videoSettings(settings, reader, *first),
                          reader.copiedStreams());
     const int jobs = format.picture ? 1 : jobCount(options.jobs);
     Progress progress(reader.expectedFrames(), {"frames", "fps"}, options.quiet || format.picture);
-    Pool pool(makeWorkers(effect, settings, jobs), static_cast<std::size_t>(jobs) * 2);
+    Pool pool(makeWorkers(chosen.effect, settings, jobs), static_cast<std::size_t>(jobs) * 2);
     paintFrames(reader, std::move(first), pool, writer, progress);
     writer.finish();
     file.commit();

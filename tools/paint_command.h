@@ -13,8 +13,9 @@ struct PaintOptions {
     std::string input;
     std::string output;
     EffectChoice choice;
-    int jobs = 0;  ///< frames rendered at once, 0 for as many as there are cores
-    std::int32_t seed = 0;
+    int jobs = 0;           ///< frames rendered at once, 0 for as many as there are cores
+    std::int32_t seed = 0;  ///< of random strokes
+    int hold = 0;           ///< frames before the strokes change; 0: they never do
     bool fields = false;
     bool force = false;
     bool quiet = false;

@@ -50,6 +50,14 @@ TEST_F(PaintPicture, RendersWithPresetAndValues) {
     EXPECT_EQ(files(), (Names{"in.png", "out.png"}));
 }
 
+TEST_F(PaintPicture, TakesMovingValuesAsTheyAreAtTheStart) {
+    testing::makeColors(path("in.png"), 37, 23);
+    const Result moving = paint("in.png", "a.png", {"-s", "color=-30@0s,90@2s"});
+    EXPECT_THAT(moving.err, HasSubstr("a picture has no time"));
+    EXPECT_EQ(paint("in.png", "b.png", {"-s", "color=-30"}).status, 0);
+    EXPECT_EQ(contentOf(path("a.png")).first, contentOf(path("b.png")).first);
+}
+
 TEST_F(PaintPicture, RendersTheFieldsOfAFrameEachForItself) {
     const int width = 20;
     const int height = 13;

@@ -94,6 +94,24 @@ TEST_F(PaintVideo, PaintsFields) {
     EXPECT_EQ(contentOf(path("out.mp4")).numbers, countTo(6));
 }
 
+TEST_F(PaintVideo, MovesValuesByTheTimesOfFrames) {
+    // From all white to all black at a mark that a file's milliseconds come a hair too early for.
+    // Of two settings the later one counts: the contrast stays.
+    makeClip(path("in.mkv"), {.frames = 12, .frameRate = {30000, 1001}});
+    const Result result =
+        run({"paint", "in.mkv", "-e", "pencil-rubbing", "-s", "contrast=-100@0s", "-s",
+             "contrast=0", "-s", "brightness=100@6f,-100@7f", "-o", "out.mkv", "--jobs", "3"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    std::vector<int> expected(12, 0);
+    std::fill_n(expected.begin(), 7, 255);
+    EXPECT_EQ(contentOf(path("out.mkv")).numbers, expected);
+
+    const Result wrong = paint("in.mkv", "wrong.mkv", {"-s", "color=1@0s,2@4x"});
+    EXPECT_EQ(wrong.status, 2);
+    EXPECT_THAT(wrong.err, HasSubstr("Color: \"4x\" is no time"));
+    EXPECT_EQ(files(), (Names{"in.mkv", "out.mkv"}));
+}
+
 TEST_F(PaintVideo, RefusesSoundThatTheOutputCannotHold) {
     makeClip(path("in.mkv"), {.frames = 4, .sound = true});
     const Result result = paint("in.mkv", "out.webm");

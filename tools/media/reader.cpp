@@ -207,6 +207,14 @@ std::vector<std::string> Reader::leftOut() const {
     return words;
 }
 
+double Reader::secondsOf(const AVFrame& frame) const {
+    std::int64_t start = 0;
+    if (video().start_time != AV_NOPTS_VALUE) {
+        start = video().start_time + av_rescale_q(m_nShift, kMicroseconds, timeBase());
+    }
+    return static_cast<double>(frame.pts - start) * timeBase().num / timeBase().den;
+}
+
 AVRational Reader::frameRate() const {
     return av_guess_frame_rate(m_pInput.get(), m_pInput->streams[m_nVideo], nullptr);
 }

@@ -39,6 +39,8 @@ class Reader {
     std::vector<std::string> leftOut() const;
     const AVDictionary* metadata() const { return m_pInput->metadata; }
 
+    /// The time of a frame since the video's first one, in seconds.
+    double secondsOf(const AVFrame& frame) const;
     AVRational timeBase() const { return video().time_base; }
     AVRational frameRate() const;
     /// Width of a pixel over its height, or 0/1 where the file does not say.
