@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
+#include "media/canvas.h"
 #include "media/orientation.h"
 #include "media/raster.h"
 #include "render_frame.h"
@@ -19,9 +21,12 @@ struct NumberedFrame {
 struct PaintSettings {
     int recordedWidth = 0;  ///< of the frames as they are decoded
     int recordedHeight = 0;
-    media::Orientation orientation;
+    bool deep = false;               ///< they hold more than bytes
+    media::Orientation orientation;  ///< that makes them upright, as which they are painted
+    bool turnBack = false;           ///< the output notes the turn as the input does
     media::Raster output;
-    RenderSettings render;  ///< with the seed of the first frame; each further frame adds 1
+    AVRational outputAspect = {0, 1};  ///< of the output's pixels, 0/1 where not known
+    RenderSettings render;             ///< with the seed of frame 0; each further frame adds 1
 };
 
 /// One worker, with an effect object of its own. [one thread at a time]
@@ -34,16 +39,16 @@ class FramePainter {
     media::FramePtr paint(NumberedFrame decoded);
 
   private:
-    void render(const AVFrame& source, AVFrame& destination, std::int64_t number);
+    void render(const media::Canvas& source, const NumberedFrame& decoded);
+    /// The painted canvas as the output stores it.
+    const media::Canvas& stored();
 
     host::Effect m_effect;
     PaintSettings m_settings;
-    media::Raster m_uprightRaster;
-    media::RasterConverter m_toBgra;
-    media::RasterConverter m_toOutput;
-    media::FramePtr m_pRecorded;
-    media::FramePtr m_pUpright;
-    media::FramePtr m_pPainted;
+    media::CanvasConverter m_converter;
+    media::Canvas m_recorded;
+    std::optional<media::Canvas> m_upright;  ///< where that is another picture
+    media::Canvas m_painted;
 };
 
 }  // namespace brushworks::tools
