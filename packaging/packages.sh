@@ -1,7 +1,7 @@
 # Debian packages that the scripts at the root need, and a function that sees to them.
 
 BUILD_PACKAGES="g++ make cmake pkg-config libcli11-dev nlohmann-json3-dev libtinyxml-dev
-    libavformat-dev libavcodec-dev libavutil-dev libswscale-dev"
+    libavformat-dev libavcodec-dev libavfilter-dev libavutil-dev libswscale-dev"
 TEST_PACKAGES="libgtest-dev libgmock-dev git"
 LINT_PACKAGES="clang-format clang-tidy clang libclang-rt-14-dev"
 

@@ -57,10 +57,29 @@ CLI::Option* addValues(CLI::App& app, tools::EffectChoice& choice, const std::st
     return preset;
 }
 
+void addEncoding(CLI::App& paint, media::EncodingChoice& choice) {
+    constexpr int kBestQuality = 100;
+    paint.add_option("--codec", choice.codec,
+                     "Encoder of the output, such as h264, hevc, vp9, av1, prores, ffv1, or as "
+                     "FFmpeg names it; see 'codecs' (default: by the type of the output)");
+    paint
+        .add_option("--quality", choice.quality,
+                    "Quality of a lossy output, 0 (small) to 100 (as good as the encoder can)")
+        ->check(CLI::Range(0, kBestQuality));
+    paint.add_option("--pix-fmt", choice.pixelFormat,
+                     "Pixel format of the output, as FFmpeg names it (default: the nearest to the "
+                     "input's that the encoder takes)");
+    paint.add_flag("--lossless", choice.lossless, "Encode without any loss");
+}
+
 void addPaint(CLI::App& app) {
     CLI::App* paint = app.add_subcommand("paint", "Paint a picture or a video");
     const auto options = std::make_shared<tools::PaintOptions>();
-    paint->add_option("INPUT", options->input, "Picture or video to paint")->required();
+    paint
+        ->add_option("INPUT", options->input,
+                     "Picture or video to paint; - for YUV4MPEG2 on "
+                     "standard input")
+        ->required();
     tools::EffectChoice& choice = options->choice;
     paint->add_option("-e,--effect", choice.effect, "Id, display name or index of an effect")
         ->required();
@@ -76,8 +95,10 @@ void addPaint(CLI::App& app) {
     paint
         ->add_option("-o,--output", options->output,
                      "File to write; its extension tells the type: .png, .jpg, .tif, .webp, .ppm; "
-                     ".mp4, .mov, .mkv, .webm")
+                     ".mp4, .mov, .mkv, .webm, .gif, .avi, .y4m; - for YUV4MPEG2 on standard "
+                     "output")
         ->required();
+    addEncoding(*paint, options->encoding);
     paint->add_option("-j,--jobs", options->jobs, "Frames to render at once (default: all cores)")
         ->check(CLI::Range(1, kMostJobs));
     paint

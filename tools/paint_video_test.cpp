@@ -74,9 +74,9 @@ TEST_F(PaintVideo, WritesEveryTypeFromEveryType) {
 }
 
 TEST_F(PaintVideo, KeepsOddSizesAndSaysHow) {
-    makeClip(path("in.mkv"), {.width = 67, .height = 35, .frames = 4});
-    for (const char* out : {"out.mp4", "out.webm"}) {
-        const Result result = paint("in.mkv", out);
+    makeClip(path("in.webm"), {.width = 67, .height = 35, .frames = 4});
+    for (const char* out : {"out.mp4", "o.webm"}) {
+        const Result result = paint("in.webm", out);
         ASSERT_EQ(result.status, 0) << result.err;
         const Content content = contentOf(path(out));
         EXPECT_EQ(content.width, 67);

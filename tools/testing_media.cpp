@@ -9,8 +9,10 @@ extern "C" {
 #include <cstring>
 #include <fstream>
 
+#include "media/encoder.h"
 #include "media/log.h"
 #include "media/output_format.h"
+#include "media/output_raster.h"
 #include "media/raster.h"
 #include "media/reader.h"
 #include "media/writer.h"
@@ -79,9 +81,10 @@ void writePicture(const std::string& path, const AVFrame& bgra) {
     captureLog();
     const OutputFormat& format = outputFormatOf(path);
     VideoSettings settings;
-    settings.raster =
-        outputRaster(format, bgraRaster(bgra.width, bgra.height), bgra.width, bgra.height);
-    Writer writer(path, format, settings, {});
+    settings.encoding = chooseEncoding(format, {}, AV_PIX_FMT_BGRA);
+    settings.raster = outputRaster(settings.encoding, bgraRaster(bgra.width, bgra.height),
+                                   bgra.width, bgra.height);
+    Writer writer(path, format, settings);
     const FramePtr frame = coded(bgra, settings.raster);
     frame->pts = 0;
     writer.writeFrame(*frame);
@@ -115,19 +118,20 @@ void makeClip(const std::string& path, const Clip& clip) {
     settings.frameRate = clip.frameRate;
     settings.pixelAspect = clip.pixelAspect;
     // RGB as the source: the writer then chooses matrix and range.
-    settings.raster =
-        outputRaster(format, bgraRaster(clip.width, clip.height), clip.width, clip.height);
+    settings.encoding = chooseEncoding(format, {}, AV_PIX_FMT_BGR0);
+    const Raster source = {AV_PIX_FMT_BGR0, clip.width, clip.height, AVCOL_SPC_RGB};
+    settings.raster = outputRaster(settings.encoding, source, clip.width, clip.height);
 
     InputPtr sound;
-    std::vector<const AVStream*> copied;
+    Companions companions;
     if (clip.sound) {
         AVFormatContext* input = nullptr;
         const std::string wave = makeSound(path + ".wav", clip.frames * av_q2d(settings.timeBase));
         check(avformat_open_input(&input, fileUrl(wave).c_str(), nullptr, nullptr), "sound");
         sound.reset(input);
-        copied.push_back(input->streams[0]);
+        companions.streams.push_back(input->streams[0]);
     }
-    Writer writer(path, format, settings, copied);
+    Writer writer(path, format, settings, companions);
     for (int number = 0; number < clip.frames; ++number) {
         const FramePtr bgra = drawn(clip.width, clip.height,
                                     [&](int x, int) { return barColor(number, x, clip.width); });

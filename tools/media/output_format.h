@@ -9,12 +9,19 @@ namespace brushworks::media {
 struct OutputFormat {
     const char* extension;  ///< small letters, without the point
     const char* muxer;
-    const char* encoder;
-    bool picture;    ///< one picture; otherwise a video
-    bool keepAlpha;  ///< the type has room for an alpha channel
+    const char* encoder;       ///< the usual one
+    const char* alphaEncoder;  ///< for sources with alpha; null where the type has no room for it
+    const char* losslessYuv;   ///< what --lossless takes for brightness and colour differences
+    const char* losslessRgb;   ///< and for red, green, blue; null where there is none
+    bool picture = false;      ///< one picture; otherwise a video
+    bool keepsTurn = false;    ///< notes how pictures are to be turned
+    bool keepsChapters = false;
+    bool keepsAttachments = false;
+    bool evenTimes = false;  ///< holds one frame rate and no times
 };
 
-/// The type that belongs to the path's extension; throws MediaUsageError.
+/// The type that belongs to the path's extension, and that of standard output for "-"; throws
+/// MediaUsageError.
 const OutputFormat& outputFormatOf(const std::string& path);
 
 /// The extensions of all pictures, or of all videos: ".png, .jpg".
