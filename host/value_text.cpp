@@ -118,11 +118,8 @@ std::optional<double> parseNumber(std::string_view text) {
 
 EffectParam parseValue(const ParameterInfo& parameter, std::string_view text) {
     if (const std::optional<EffectParam> value = parse(parameter, text)) return *value;
-    std::string message = parameter.address + " takes " + expectedText(parameter) + ", not \"" +
-                          std::string(text) + "\"";
-    const std::string nearest = nearestName(text, parameter.options);
-    if (!nearest.empty()) message += "; did you mean \"" + nearest + "\"?";
-    throw UsageError(message);
+    throw UsageError(parameter.address + " takes " + expectedText(parameter) + ", not \"" +
+                     std::string(text) + "\"" + didYouMean(text, parameter.options));
 }
 
 double displayValue(const ParameterInfo& slider, float position) {
