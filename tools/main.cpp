@@ -4,6 +4,7 @@
 #include <exception>
 #include <iostream>
 
+#include "codecs_command.h"
 #include "describe_command.h"
 #include "gallery_command.h"
 #include "host/error.h"
@@ -43,6 +44,12 @@ void addInfo(CLI::App& app) {
             tools::describeEffect(opened.info(), std::cout);
         }
     });
+}
+
+void addCodecs(CLI::App& app) {
+    CLI::App* codecs =
+        app.add_subcommand("codecs", "List the encoders of outputs and what their quality means");
+    codecs->callback([] { tools::listCodecs(std::cout); });
 }
 
 /// The options for what an effect starts from and what is set then; returns the one for a preset.
@@ -188,6 +195,7 @@ int run(int count, char** arguments) {
     addPaint(app);
     addPreset(app);
     addGallery(app);
+    addCodecs(app);
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.
