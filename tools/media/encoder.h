@@ -49,9 +49,9 @@ std::span<const EncoderRow> encoderRows();
 
 /// What a user asks for; empty, or -1, where nothing is asked.
 struct EncodingChoice {
-    std::string codec;
+    std::string codec = {};
     int quality = -1;
-    std::string pixelFormat;
+    std::string pixelFormat = {};
     bool lossless = false;
 };
 
