@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES="g++ make cmake pkg-config libcli11-dev nlohmann-json3-dev libtinyxml-dev
     libavformat-dev libavcodec-dev libavfilter-dev libavutil-dev libswscale-dev"
-TEST_PACKAGES="libgtest-dev libgmock-dev git"
+TEST_PACKAGES="libgtest-dev libgmock-dev git ffmpeg"
 LINT_PACKAGES="clang-format clang-tidy clang libclang-rt-14-dev"
 
 # ensure_packages NAME...: installs what is missing where apt-get may be used, else says what to install.

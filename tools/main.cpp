@@ -5,6 +5,7 @@
 #include <iostream>
 #include <limits>
 
+#include "codecs_command.h"
 #include "command_table.h"
 #include "completion_command.h"
 #include "describe_command.h"
@@ -48,6 +49,12 @@ void addInfo(CLI::App& app) {
             tools::describeEffect(opened.info(), std::cout);
         }
     });
+}
+
+void addCodecs(CLI::App& app) {
+    CLI::App* codecs =
+        app.add_subcommand("codecs", "List the encoders of outputs and what their quality means");
+    codecs->callback([] { tools::listCodecs(std::cout); });
 }
 
 /// The options for what an effect starts from and what is set then; returns the one for a preset.
@@ -241,6 +248,7 @@ int run(int count, char** arguments) {
     addPaint(app);
     addPreset(app);
     addGallery(app);
+    addCodecs(app);
     addCompletion(app);
     addManual(app);
     try {

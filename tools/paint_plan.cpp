@@ -94,6 +94,16 @@ void planStreams(const media::Reader& reader, const media::OutputFormat& format,
     }
 }
 
+void noteRate(const media::Reader& reader, const media::OutputFormat& format, PaintPlan& plan) {
+    const bool encoder = plan.video.encoding.row.has(media::kEvenTimes);
+    if (!reader.variesRate() || (!format.evenTimes && !encoder)) return;
+    const AVRational rate = plan.video.frameRate;
+    plan.notes.push_back(
+        "the frame rate of the input varies; " +
+        (format.evenTimes ? std::string(".") + format.extension : plan.video.encoding.codec->name) +
+        " has only one, here " + std::to_string(rate.num) + "/" + std::to_string(rate.den));
+}
+
 void noteLosses(const media::OutputFormat& format, PaintPlan& plan, AVPixelFormat decoded) {
     const media::Raster& output = plan.video.raster;
     const std::string encoder = plan.video.encoding.codec->name;
@@ -109,9 +119,14 @@ void noteLosses(const media::OutputFormat& format, PaintPlan& plan, AVPixelForma
         plan.notes.push_back(encoder + " takes " + std::to_string(has) + " bits of the " +
                              std::to_string(had) + " bits of a sample");
     }
+    if (plan.video.fields != media::FieldOrder::Progressive &&
+        !plan.video.encoding.row.has(media::kFields)) {
+        plan.notes.push_back(encoder +
+                             " has no mark for interlaced frames; they keep their fields");
+    }
     const bool odd = output.width % 2 != 0 || output.height % 2 != 0;
-    if (odd && plan.video.encoding.row.wholeChroma && output.format == AV_PIX_FMT_YUV444P &&
-        decoded != AV_PIX_FMT_YUV444P) {
+    if (odd && plan.video.encoding.row.has(media::kWholeChroma) &&
+        output.format == AV_PIX_FMT_YUV444P && decoded != AV_PIX_FMT_YUV444P) {
         plan.notes.push_back("the size " + std::to_string(output.width) + "x" +
                              std::to_string(output.height) +
                              " is odd; encoding with full colour resolution (4:4:4)");
@@ -131,6 +146,7 @@ PaintPlan makePlan(const media::Reader& reader, const AVFrame& first,
     plan.companions = {&reader.input(), &reader.video(), plan.paint.turnBack, {}};
     planStreams(reader, format, plan);
     noteLosses(format, plan, source.format);
+    noteRate(reader, format, plan);
     return plan;
 }
 

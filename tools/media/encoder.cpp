@@ -5,6 +5,7 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 
@@ -15,93 +16,36 @@ namespace {
 
 using enum QualityScale;
 
-// x265 writes to the terminal unless told not to.
+constexpr char kX265[] =
+    "preset=medium,x265-params=log-level=none";  // else it writes to the terminal
+
 constexpr EncoderRow kEncoders[] = {
-    {.name = "libx264",
-     .common = "h264",
-     .scale = Crf,
-     .worst = 48,
-     .best = 8,
-     .usual = 70,
-     .lossless = "qp=0",
-     .options = "preset=medium",
-     .fields = true,
-     .wholeChroma = true},
-    {.name = "libx264rgb",
-     .common = "h264rgb",
-     .scale = Crf,
-     .worst = 48,
-     .best = 8,
-     .usual = 70,
-     .lossless = "qp=0",
-     .options = "preset=medium"},
-    {.name = "libx265",
-     .common = "hevc",
-     .scale = Crf,
-     .worst = 50,
-     .best = 10,
-     .usual = 70,
-     .lossless = "x265-params=log-level=none:lossless=1",
-     .options = "preset=medium,x265-params=log-level=none",
-     .wholeChroma = true},
-    {.name = "libvpx-vp9",
-     .common = "vp9",
-     .scale = Crf,
-     .worst = 58,
-     .best = 18,
-     .usual = 70,
-     .lossless = "lossless=1",
-     .options = "b=0,deadline=good,cpu-used=3,row-mt=1"},
-    {.name = "libaom-av1",
-     .common = "av1",
-     .scale = Crf,
-     .worst = 58,
-     .best = 18,
-     .usual = 70,
-     .lossless = "aom-params=lossless=1",
-     .options = "b=0,cpu-used=6,row-mt=1"},
-    {.name = "prores_ks",
-     .common = "prores",
-     .scale = Quantizer,
-     .worst = 32,
-     .best = 2,
-     .usual = 80,
-     .fields = true},
-    {.name = "mpeg4",
-     .common = "mpeg4",
-     .scale = Quantizer,
-     .worst = 31,
-     .best = 1,
-     .usual = 93,
-     .fields = true,
-     .evenTimes = true},
-    {.name = "mpeg2video",
-     .common = "mpeg2",
-     .scale = Quantizer,
-     .worst = 31,
-     .best = 1,
-     .usual = 93,
-     .fields = true,
-     .evenTimes = true},
-    {.name = "mjpeg", .common = "jpeg", .scale = Quantizer, .worst = 31, .best = 1, .usual = 97},
-    {.name = "libwebp",
-     .common = "webp",
-     .scale = Percent,
-     .worst = 0,
-     .best = 100,
-     .usual = 100,
-     .lossless = "lossless=1"},
-    {.name = "ffv1", .common = "ffv1", .lossless = "", .options = "level=3"},
-    {.name = "ffvhuff", .common = "ffvhuff", .lossless = ""},
-    {.name = "huffyuv", .common = "huffyuv", .lossless = ""},
-    {.name = "utvideo", .common = "utvideo", .lossless = ""},
-    {.name = "qtrle", .common = "animation", .lossless = ""},
-    {.name = "png", .common = "png", .lossless = ""},
-    {.name = "tiff", .common = "tiff", .lossless = "", .options = "compression_algo=deflate"},
-    {.name = "ppm", .common = "ppm", .lossless = ""},
-    {.name = "rawvideo", .common = "raw", .lossless = ""},
-    {.name = "wrapped_avframe", .common = "y4m", .lossless = ""},
-    {.name = "gif", .common = "gif"},
+    {"libx264", "h264", {Crf, 48, 8, 70}, "qp=0", "preset=medium", kFields | kWholeChroma},
+    {"libx264rgb", "h264rgb", {Crf, 48, 8, 70}, "qp=0", "preset=medium"},
+    {"libx265",
+     "hevc",
+     {Crf, 50, 10, 70},
+     "x265-params=log-level=none:lossless=1",
+     kX265,
+     kWholeChroma},
+    {"libvpx-vp9", "vp9", {Crf, 58, 18, 70}, "lossless=1", "b=0,deadline=good,cpu-used=3,row-mt=1"},
+    {"libaom-av1", "av1", {Crf, 58, 18, 70}, "aom-params=lossless=1", "b=0,cpu-used=6,row-mt=1"},
+    {"prores_ks", "prores", {Quantizer, 32, 2, 80}, nullptr, "", kFields},
+    {"mpeg4", "mpeg4", {Quantizer, 31, 1, 93}, nullptr, "", kFields | kEvenTimes},
+    {"mpeg2video", "mpeg2", {Quantizer, 31, 1, 93}, nullptr, "", kFields | kEvenTimes},
+    {"mjpeg", "jpeg", {Quantizer, 31, 1, 97}, nullptr},
+    {"libwebp", "webp", {Percent, 0, 100, 100}, "lossless=1"},
+    {"ffv1", "ffv1", {}, "", "level=3", kFields},
+    {"ffvhuff", "ffvhuff", {}, ""},
+    {"huffyuv", "huffyuv", {}, ""},
+    {"utvideo", "utvideo", {}, ""},
+    {"qtrle", "animation", {}, ""},
+    {"png", "png", {}, ""},
+    {"tiff", "tiff", {}, "", "compression_algo=deflate"},
+    {"ppm", "ppm", {}, ""},
+    {"rawvideo", "raw", {}, "", "", kFields},
+    {"wrapped_avframe", "y4m", {}, "", "", kFields},
+    {"gif", "gif", {}, nullptr},
 };
 
 /// What the table says of an encoder, and a bare row for those that it leaves out.
@@ -112,7 +56,7 @@ EncoderRow rowOf(const AVCodec& codec) {
     const AVCodecDescriptor* description = avcodec_descriptor_get(codec.id);
     const int kinds = description != nullptr ? description->props : 0;
     const bool always = (kinds & AV_CODEC_PROP_LOSSLESS) != 0 && (kinds & AV_CODEC_PROP_LOSSY) == 0;
-    return {.name = codec.name, .common = codec.name, .lossless = always ? "" : nullptr};
+    return {codec.name, codec.name, {}, always ? "" : nullptr};
 }
 
 const char* encoderName(const std::string& asked) {
@@ -120,6 +64,12 @@ const char* encoderName(const std::string& asked) {
         if (asked == row.common) return row.name;
     }
     return asked.c_str();
+}
+
+/// Whether a name means anything, in this build or in another one.
+bool isKnown(const std::string& name) {
+    return avcodec_descriptor_get_by_name(name.c_str()) != nullptr ||
+           std::ranges::any_of(kEncoders, [&](const EncoderRow& row) { return name == row.name; });
 }
 
 std::string fittingNames(const OutputFormat& format) {
@@ -138,8 +88,7 @@ bool holds(const OutputFormat& format, const AVCodec& codec) {
         return codec.id == AV_CODEC_ID_WRAPPED_AVFRAME;
     }
     if (codec.id == AV_CODEC_ID_WRAPPED_AVFRAME) return false;
-    const AVOutputFormat* muxer = av_guess_format(format.muxer, nullptr, nullptr);
-    return muxer != nullptr && avformat_query_codec(muxer, codec.id, FF_COMPLIANCE_NORMAL) == 1;
+    return muxerTakes(format, codec.id) == 1;
 }
 
 const char* defaultEncoder(const OutputFormat& format, const EncodingChoice& choice,
@@ -172,7 +121,7 @@ std::vector<const EncoderRow*> encodersFor(const OutputFormat& format) {
 
 double ownQuality(const EncoderRow& row, int quality) {
     constexpr double kSteps = 100;
-    return row.worst + (row.best - row.worst) * quality / kSteps;
+    return row.quality.worst + (row.quality.best - row.quality.worst) * quality / kSteps;
 }
 
 Encoding chooseEncoding(const OutputFormat& format, const EncodingChoice& choice,
@@ -182,9 +131,10 @@ Encoding chooseEncoding(const OutputFormat& format, const EncodingChoice& choice
     const AVCodec* codec = avcodec_find_encoder_by_name(name.c_str());
     if (codec == nullptr) codec = avcodec_find_encoder_by_name(choice.codec.c_str());
     if (codec == nullptr || codec->type != AVMEDIA_TYPE_VIDEO) {
-        throw MediaError("this build of libavcodec has no encoder for \"" +
-                         (choice.codec.empty() ? name : choice.codec) + "\"; " +
-                         fittingNames(format));
+        const std::string asked = choice.codec.empty() ? name : choice.codec;
+        const std::string fitting = "\"; " + fittingNames(format);
+        if (!isKnown(name)) throw MediaUsageError("there is no codec \"" + asked + fitting);
+        throw MediaError("this build of libavcodec has no encoder for \"" + asked + fitting);
     }
     if (!holds(format, *codec)) {
         throw MediaUsageError(std::string(".") + format.extension + " files cannot hold " +
@@ -193,12 +143,12 @@ Encoding chooseEncoding(const OutputFormat& format, const EncodingChoice& choice
     Encoding encoding = {codec, rowOf(*codec), choice.quality, choice.lossless};
     const EncoderRow& row = encoding.row;
     if (choice.quality < 0) {
-        encoding.quality = row.usual;
+        encoding.quality = row.quality.usual;
         // A scale that reaches as far as lossless starts there.
-        if (row.scale == Percent) encoding.lossless = true;
+        if (row.quality.scale == Percent) encoding.lossless = true;
     } else if (choice.lossless) {
         throw MediaUsageError("--lossless and --quality exclude each other");
-    } else if (row.scale == None) {
+    } else if (row.quality.scale == None) {
         throw MediaUsageError(name + " has no scale of quality");
     }
     if (choice.lossless && row.lossless == nullptr) {
@@ -210,14 +160,17 @@ Encoding chooseEncoding(const OutputFormat& format, const EncodingChoice& choice
 
 void Encoding::apply(AVCodecContext& context, Dictionary& options) const {
     options.parse(row.options);
+    // It learns the order of fields from the frames, but writes its head before them.
+    const bool x264 = std::string_view(row.name) == "libx264";
+    if (x264 && context.field_order == AV_FIELD_BB) options.set("x264-params", "bff=1");
     if (lossless && row.lossless != nullptr) {
         options.parse(row.lossless);
         return;
     }
     const double value = ownQuality(row, quality);
-    if (row.scale == Crf) options.set("crf", std::llround(value));
-    if (row.scale == Percent) options.set("quality", std::llround(value));
-    if (row.scale == Quantizer) {
+    if (row.quality.scale == Crf) options.set("crf", std::llround(value));
+    if (row.quality.scale == Percent) options.set("quality", std::llround(value));
+    if (row.quality.scale == Quantizer) {
         context.flags |= AV_CODEC_FLAG_QSCALE;
         context.global_quality = static_cast<int>(std::lround(value * FF_QP2LAMBDA));
     }

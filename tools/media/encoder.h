@@ -18,29 +18,40 @@ enum class QualityScale {
     Percent,    ///< its option "quality"
 };
 
-/// A row of the table of encoders. Quality runs from 0 to 100 for all of them.
+/// Quality runs from 0 to 100 for all encoders; what the ends are on an encoder's own scale.
+struct Quality {
+    QualityScale scale = QualityScale::None;
+    double worst = 0;
+    double best = 0;
+    int usual = 0;  ///< when none is asked for, of 100
+};
+
+/// What is particular about an encoder.
+enum EncoderTraits : unsigned int {
+    kFields = 1,       ///< marks interlaced frames as such
+    kEvenTimes = 2,    ///< knows one frame rate alone
+    kWholeChroma = 4,  ///< has no half colour samples at the edges of odd sizes
+};
+
+/// A row of the table of encoders.
 struct EncoderRow {
     const char* name;    ///< of the encoder in FFmpeg
     const char* common;  ///< a second name for it: that of its codec
-    QualityScale scale = QualityScale::None;
-    double worst = 0;  ///< what quality 0 is on the encoder's own scale
-    double best = 0;   ///< and quality 100
-    int usual = 0;     ///< the quality when none is asked for
-    const char* lossless =
-        nullptr;               ///< options that make it lossless, "" where it always is, or null
-    const char* options = "";  ///< that go with it always, as "name=value,name=value"
-    bool fields = false;       ///< codes interlaced frames as such
-    bool evenTimes = false;    ///< knows one frame rate alone
-    bool wholeChroma = false;  ///< has no half colour samples at the edges of odd sizes
+    Quality quality = {};
+    const char* lossless = nullptr;  ///< options that make it so, "" where it always is, or null
+    const char* options = "";        ///< that go with it always, as "name=value,name=value"
+    unsigned int traits = 0;
+
+    bool has(EncoderTraits trait) const { return (traits & trait) != 0; }
 };
 
 std::span<const EncoderRow> encoderRows();
 
 /// What a user asks for; empty, or -1, where nothing is asked.
 struct EncodingChoice {
-    std::string codec;
+    std::string codec = {};
     int quality = -1;
-    std::string pixelFormat;
+    std::string pixelFormat = {};
     bool lossless = false;
 };
 
@@ -48,7 +59,7 @@ struct EncodingChoice {
 struct Encoding {
     const AVCodec* codec = nullptr;
     EncoderRow row = {};
-    int quality = 0;
+    int quality = 0;  ///< of 100
     bool lossless = false;
 
     /// Fills in what makes the encoder work so.

@@ -38,7 +38,8 @@ constexpr OutputFormat kFormats[] = {
      .losslessYuv = "libx264",
      .losslessRgb = "libx264rgb",
      .keepsTurn = true,
-     .keepsChapters = true},
+     .keepsChapters = true,
+     .keepsCover = true},
     {.extension = "mov",
      .muxer = "mov",
      .encoder = "libx264",
@@ -88,6 +89,10 @@ constexpr char kPipeExtension[] = ".y4m";
 
 }  // namespace
 
+std::span<const OutputFormat> outputFormats() {
+    return kFormats;
+}
+
 const OutputFormat& outputFormatOf(const std::string& path) {
     std::string extension =
         path == "-" ? kPipeExtension : std::filesystem::path(path).extension().string();
@@ -99,6 +104,15 @@ const OutputFormat& outputFormatOf(const std::string& path) {
     throw MediaUsageError("cannot tell the type of the output from \"" + path +
                           "\"; pictures end in " + extensionList(true) + ", videos in " +
                           extensionList(false));
+}
+
+int muxerTakes(const OutputFormat& format, AVCodecID codec) {
+    // Of these MOV's muxer says so, and then takes them in MP4 only.
+    const bool mp4Only = codec == AV_CODEC_ID_VP9 || codec == AV_CODEC_ID_AV1 ||
+                         codec == AV_CODEC_ID_OPUS || codec == AV_CODEC_ID_FLAC;
+    if (mp4Only && std::string_view(format.muxer) == "mov") return 0;
+    const AVOutputFormat* muxer = av_guess_format(format.muxer, nullptr, nullptr);
+    return muxer == nullptr ? 0 : avformat_query_codec(muxer, codec, FF_COMPLIANCE_NORMAL);
 }
 
 std::string extensionList(bool picture) {

@@ -1,7 +1,10 @@
 // The file types that can be written, known by their extensions.
 #pragma once
 
+#include <span>
 #include <string>
+
+#include "media/av.h"
 
 namespace brushworks::media {
 
@@ -16,13 +19,19 @@ struct OutputFormat {
     bool picture = false;      ///< one picture; otherwise a video
     bool keepsTurn = false;    ///< notes how pictures are to be turned
     bool keepsChapters = false;
+    bool keepsCover = false;  ///< a picture of the whole, as a stream of its own
     bool keepsAttachments = false;
     bool evenTimes = false;  ///< holds one frame rate and no times
 };
 
+std::span<const OutputFormat> outputFormats();
+
 /// The type that belongs to the path's extension, and that of standard output for "-"; throws
 /// MediaUsageError.
 const OutputFormat& outputFormatOf(const std::string& path);
+
+/// Whether the type's muxer takes packets of a codec: 1, 0, or less than 0 where it does not tell.
+int muxerTakes(const OutputFormat& format, AVCodecID codec);
 
 /// The extensions of all pictures, or of all videos: ".png, .jpg".
 std::string extensionList(bool picture);

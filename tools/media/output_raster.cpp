@@ -137,10 +137,10 @@ Raster outputRaster(const Encoding& encoding, const Raster& decoded, int width, 
         format = asked(pixelFormat, encoding);
     } else {
         format = nearest(formatsOf(*encoding.codec), wanted(encoding, decoded));
-        if (encoding.row.wholeChroma && splitsChroma(format, width, height)) {
+        if (encoding.row.has(kWholeChroma) && splitsChroma(format, width, height)) {
             format = nearest(formatsOf(*encoding.codec), withWholeChroma(format));
         }
-        const bool user = encoding.lossless && encoding.row.scale != QualityScale::Percent;
+        const bool user = encoding.lossless && encoding.row.quality.scale != QualityScale::Percent;
         if (user) checkLossless(encoding, unmarked(decoded.format), format);
     }
     if (format == AV_PIX_FMT_PAL8 || !isYuv(format)) {

@@ -235,6 +235,14 @@ AVRational Reader::frameRate() const {
     return av_guess_frame_rate(m_pInput.get(), m_pInput->streams[m_nVideo], nullptr);
 }
 
+bool Reader::variesRate() const {
+    const AVRational average = video().avg_frame_rate;
+    if (m_bPicture || average.num <= 0 || frameRate().num <= 0) return false;
+    // Averages over clips are often off by one frame.
+    constexpr double kTolerance = 0.02;
+    return std::abs(av_q2d(average) / av_q2d(frameRate()) - 1) > kTolerance;
+}
+
 AVRational Reader::sampleAspect(const AVFrame& frame) const {
     return av_guess_sample_aspect_ratio(m_pInput.get(), m_pInput->streams[m_nVideo],
                                         const_cast<AVFrame*>(&frame));

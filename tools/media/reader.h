@@ -42,6 +42,8 @@ class Reader {
     double secondsOf(const AVFrame& frame) const;
     AVRational timeBase() const { return video().time_base; }
     AVRational frameRate() const;
+    /// Whether frames follow each other at different intervals.
+    bool variesRate() const;
     /// Width of a pixel over its height, or 0/1 where the file does not say.
     AVRational sampleAspect(const AVFrame& frame) const;
     Orientation orientation(const AVFrame& frame) const;

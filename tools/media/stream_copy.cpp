@@ -17,40 +17,38 @@ bool isOutdated(std::string_view key) {
            std::ranges::any_of(kStarts, [&](auto start) { return key.starts_with(start); });
 }
 
-bool hasKind(const AVOutputFormat& muxer, AVMediaType kind) {
-    switch (kind) {
-        case AVMEDIA_TYPE_AUDIO:
-            return muxer.audio_codec != AV_CODEC_ID_NONE;
-        case AVMEDIA_TYPE_SUBTITLE:
-            return muxer.subtitle_codec != AV_CODEC_ID_NONE;
-        default:
-            return false;
-    }
+bool isCover(const AVStream& stream) {
+    return (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
 }
 
 }  // namespace
 
 Fit fitOf(const AVStream& stream, const OutputFormat& format) {
     const AVCodecParameters& codec = *stream.codecpar;
-    if (codec.codec_type == AVMEDIA_TYPE_DATA) {
-        // Chapters and time codes of MOV files lie in tracks, which its muxer makes again.
-        const bool made = codec.codec_id == AV_CODEC_ID_BIN_DATA || codec.codec_tag == kTimecodeTag;
-        return made && format.keepsChapters && format.keepsTurn ? Fit::Implied : Fit::NoKind;
-    }
-    if (codec.codec_type == AVMEDIA_TYPE_ATTACHMENT) {
-        return format.keepsAttachments ? Fit::Held : Fit::NoKind;
-    }
     const AVOutputFormat* muxer = av_guess_format(format.muxer, nullptr, nullptr);
-    if (muxer == nullptr || !hasKind(*muxer, codec.codec_type)) return Fit::NoKind;
-    const bool known = codec.codec_id != AV_CODEC_ID_NONE;
-    const bool held =
-        known && avformat_query_codec(muxer, codec.codec_id, FF_COMPLIANCE_NORMAL) != 0;
-    return held ? Fit::Held : Fit::NoRoom;
+    if (muxer == nullptr) return Fit::NoRoom;
+    const int queried = muxerTakes(format, codec.codec_id);
+    switch (codec.codec_type) {
+        case AVMEDIA_TYPE_AUDIO:
+            if (muxer->audio_codec == AV_CODEC_ID_NONE) return Fit::NoKind;
+            return codec.codec_id != AV_CODEC_ID_NONE && queried != 0 ? Fit::Held : Fit::NoRoom;
+        case AVMEDIA_TYPE_SUBTITLE:
+            return queried == 1 ? Fit::Held : Fit::NoRoom;
+        case AVMEDIA_TYPE_ATTACHMENT:
+            return format.keepsAttachments ? Fit::Held : Fit::NoKind;
+        case AVMEDIA_TYPE_VIDEO:
+            return isCover(stream) && format.keepsCover ? Fit::Held : Fit::NoRoom;
+        default:
+            // Tracks of MOV files that hold the chapters, and one that repeats a description.
+            if (codec.codec_id == AV_CODEC_ID_BIN_DATA) return Fit::Implied;
+            if (codec.codec_tag == kTimecodeTag && format.keepsChapters) return Fit::Implied;
+            return Fit::NoKind;
+    }
 }
 
 std::string streamWords(const AVStream& stream) {
     const AVCodecParameters& codec = *stream.codecpar;
-    const char* kind = av_get_media_type_string(codec.codec_type);
+    const char* kind = isCover(stream) ? "cover" : av_get_media_type_string(codec.codec_type);
     std::string name = avcodec_get_name(codec.codec_id);
     if (codec.codec_id == AV_CODEC_ID_NONE && codec.codec_tag != 0) {
         char tag[AV_FOURCC_MAX_STRING_SIZE];

@@ -10,7 +10,7 @@ namespace {
 
 /// The time base for types and encoders that know one frame rate alone.
 AVRational encoderBase(const OutputFormat& format, const VideoSettings& settings) {
-    const bool even = format.evenTimes || settings.encoding.row.evenTimes;
+    const bool even = format.evenTimes || settings.encoding.row.has(kEvenTimes);
     return even && settings.frameRate.num > 0 ? av_inv_q(settings.frameRate) : settings.timeBase;
 }
 
@@ -69,7 +69,7 @@ void Writer::openEncoder(const OutputFormat& format, const VideoSettings& settin
     context.chroma_sample_location = settings.chromaLocation;
     context.field_order = fieldOrder(settings.fields);
     context.thread_count = format.picture ? 1 : 0;
-    if (settings.fields != FieldOrder::Progressive && settings.encoding.row.fields) {
+    if (settings.fields != FieldOrder::Progressive && settings.encoding.row.has(kFields)) {
         context.flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
     }
     if ((m_pOutput->oformat->flags & AVFMT_GLOBALHEADER) != 0) {
