@@ -28,7 +28,8 @@ FramePainter::FramePainter(host::Effect effect, const PaintSettings& settings)
     : m_effect(std::move(effect)),
       m_settings(settings),
       m_recorded(settings.recordedWidth, settings.recordedHeight, settings.deep),
-      m_painted(uprightCanvas(settings)) {
+      m_painted(uprightCanvas(settings)),
+      m_beforeAfter(settings.keptHalf) {
     if (!settings.orientation.isUpright()) m_upright.emplace(uprightCanvas(settings));
 }
 
@@ -37,7 +38,10 @@ media::FramePtr FramePainter::paint(NumberedFrame decoded) {
     const bool fields = m_settings.render.fields || input.interlaced_frame != 0;
     m_converter.read(input, m_recorded, fields);
     if (m_upright) media::turn(m_recorded.view(), m_settings.orientation, m_upright->view());
-    render(m_upright ? *m_upright : m_recorded, decoded);
+    const media::Canvas& source = m_upright ? *m_upright : m_recorded;
+    m_beforeAfter.remember(source.view());
+    render(source, decoded);
+    m_beforeAfter.restore(m_painted.view());
 
     media::FramePtr output = m_converter.write(stored(), m_settings.output, fields);
     media::copyDescription(input, *output);

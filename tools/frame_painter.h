@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "before_after.h"
 #include "host/animation.h"
 #include "media/canvas.h"
 #include "media/orientation.h"
@@ -23,7 +24,7 @@ struct NumberedFrame {
 
 /// What all frames of a job have in common.
 struct PaintSettings {
-    int recordedWidth = 0;  ///< of the frames as they are decoded
+    int recordedWidth = 0;  ///< that frames are scaled to, before they are made upright
     int recordedHeight = 0;
     bool deep = false;               ///< they hold more than bytes
     media::Orientation orientation;  ///< that makes them upright, as which they are painted
@@ -33,6 +34,7 @@ struct PaintSettings {
     RenderSettings render;             ///< with the seed of the first frame
     int hold = 0;                      ///< frames before the seed counts on; 0: it never does
     std::vector<host::Animation> animations;
+    KeptHalf keptHalf = KeptHalf::None;
 };
 
 /// One worker, with an effect object of its own. [one thread at a time]
@@ -55,6 +57,7 @@ class FramePainter {
     media::Canvas m_recorded;
     std::optional<media::Canvas> m_upright;  ///< where that is another picture
     media::Canvas m_painted;
+    BeforeAfter m_beforeAfter;
 };
 
 }  // namespace brushworks::tools

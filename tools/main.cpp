@@ -5,6 +5,7 @@
 #include <iostream>
 #include <limits>
 
+#include "before_after.h"
 #include "codecs_command.h"
 #include "command_table.h"
 #include "completion_command.h"
@@ -17,6 +18,7 @@
 #include "misspelling.h"
 #include "paint_command.h"
 #include "preset_command.h"
+#include "progress.h"
 
 namespace {
 
@@ -89,6 +91,38 @@ void addEncoding(CLI::App& paint, media::EncodingChoice& choice) {
     paint.add_flag("--lossless", choice.lossless, "Encode without any loss");
 }
 
+/// The options for trying things out.
+void addLook(CLI::App& paint, tools::PaintOptions& options) {
+    CLI::Option* scale =
+        paint
+            .add_option("--scale", options.scale,
+                        "Scale before painting: 1280:720, 1280: or :720 (the other side follows), "
+                        "50%, or fit:1280:720 (reduce what is larger). Strokes grow with the "
+                        "height, so the look stays")
+            ->type_name("SIZE");
+    paint
+        .add_flag("--preview", options.preview,
+                  "A quick look: at most 480 lines, and of a video the first 2 seconds")
+        ->excludes(scale);
+    tools::limitTo(
+        paint.add_flag("--before-after{left}", options.keptHalf,
+                       "Paint one half and leave the other one, the left unless =top is added, "
+                       "with a line between"),
+        tools::keptHalfNames());
+    paint.add_flag("--dry-run", options.dryRun,
+                   "Tell what would be done, and what would fail at once; write nothing");
+}
+
+/// The options for what is said meanwhile.
+void addTalk(CLI::App& app, bool& quiet, std::string& progress) {
+    tools::limitTo(
+        app.add_option("--progress", progress,
+                       "Progress on standard error: a bar (the default on a terminal), lines of "
+                       "KEY=VALUE for programs, or none"),
+        tools::progressStyleNames());
+    app.add_flag("-q,--quiet", quiet, "No notes, and no progress unless --progress asks for it");
+}
+
 void addPaint(CLI::App& app) {
     CLI::App* paint = app.add_subcommand("paint", "Paint a picture or a video");
     const auto options = std::make_shared<tools::PaintOptions>();
@@ -132,10 +166,11 @@ void addPaint(CLI::App& app) {
                      "(default: they stay throughout)")
         ->type_name("N")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+    addLook(*paint, *options);
     paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
     paint->add_flag("-f,--force", options->force, "Replace an existing output");
-    paint->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
-    paint->callback([=] { tools::paint(loadLibrary(), *options); });
+    addTalk(*paint, options->quiet, options->progress);
+    paint->callback([=] { tools::paint(loadLibrary(), *options, std::cout); });
 }
 
 void addPresetSave(CLI::App& preset) {
@@ -205,7 +240,7 @@ void addGallery(CLI::App& app) {
         ->type_name("N")
         ->check(CLI::Range(1, kMostJobs));
     gallery->add_flag("-f,--force", options->force, "Replace an older gallery");
-    gallery->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
+    addTalk(*gallery, options->quiet, options->progress);
     gallery->callback([=] { tools::gallery(loadLibrary(), *options); });
 }
 

@@ -30,10 +30,9 @@ std::string unknownOption(const CLI::App& command, const std::string& word) {
     std::vector<std::string> names;
     for (const CLI::Option* option : namedOptions(command)) names.push_back(longName(*option));
     // Two hyphens make short names look alike.
-    const bool isLong = typed.starts_with("--");
-    const std::string nearest = isLong ? host::didYouMean(typed, names) : "";
-    return fullName(command) + " has no option \"" + typed + "\"" +
-           (nearest.empty() ? ";" : nearest) + " --help lists those that it has";
+    const std::string nearest = typed.starts_with("--") ? host::didYouMean(typed, names) : "";
+    return "no option \"" + typed + "\"" + (nearest.empty() ? ";" : nearest) + " '" +
+           fullName(command) + " --help' lists them";
 }
 
 std::string unknownCommand(const CLI::App& command, const std::string& word) {
@@ -48,11 +47,14 @@ std::string unknownWord(const CLI::App& app) {
     const std::vector<std::string> words = app.remaining(/*recurse=*/true);
     if (words.empty()) return "";
     const CLI::App& command = innermost(app);
-    // A word without a hyphen may be the value of an option that was not known.
     const auto option = std::find_if(words.begin(), words.end(), isOption);
+    if (!shownCommands(command).empty()) {
+        const auto name = std::find_if_not(words.begin(), words.end(), isOption);
+        if (name != words.end()) return unknownCommand(command, *name);
+    }
+    // A word without a hyphen may be the value of an option that is not known.
     if (option != words.end()) return unknownOption(command, *option);
-    if (!shownCommands(command).empty()) return unknownCommand(command, words.front());
-    return fullName(command) + " has no use for \"" + words.front() + "\"";
+    return "'" + fullName(command) + "' has no use for \"" + words.front() + "\"";
 }
 
 }  // namespace brushworks::tools

@@ -5,7 +5,10 @@
 #include <optional>
 #include <stdexcept>
 
+#include "dry_run.h"
 #include "frame_painter.h"
+#include "frame_source.h"
+#include "host/names.h"
 #include "job_count.h"
 #include "media/log.h"
 #include "media/output_format.h"
@@ -22,6 +25,9 @@ namespace {
 
 using Pool = OrderedPool<NumberedFrame, media::FramePtr>;
 
+constexpr int kPreviewLines = 480;
+constexpr double kPreviewSeconds = 2;
+
 void refuseSameFile(const PaintOptions& options) {
     std::error_code ignored;
     if (std::filesystem::equivalent(options.input, options.output, ignored)) {
@@ -37,12 +43,6 @@ void checkKinds(const media::Reader& reader, const media::OutputFormat& format,
         "; its output must end in one of " + media::extensionList(reader.isPicture()));
 }
 
-/// 0 where the file does not say.
-double framesPerSecond(const media::Reader& reader) {
-    const AVRational rate = reader.frameRate();
-    return rate.num > 0 ? av_q2d(rate) : 0;
-}
-
 std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSettings& settings,
                                       int jobs) {
     std::vector<Pool::Worker> workers;
@@ -54,21 +54,53 @@ std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSet
     return workers;
 }
 
-NumberedFrame numbered(const media::Reader& reader, std::int64_t number, media::FramePtr frame) {
-    const double seconds = frame ? reader.secondsOf(*frame) : 0;
-    return {number, seconds, std::move(frame)};
+/// A slip in the extension is answered with the nearest one.
+const media::OutputFormat& outputFormat(const std::string& path) {
+    try {
+        return media::outputFormatOf(path);
+    } catch (const media::MediaUsageError& error) {
+        std::vector<std::string> extensions;
+        for (const media::OutputFormat& format : media::outputFormats()) {
+            extensions.emplace_back(format.extension);
+        }
+        const std::string typed = std::filesystem::path(path).extension().string();
+        const std::string nearest =
+            typed.empty() ? "" : host::didYouMean(typed.substr(1), extensions);
+        throw media::MediaUsageError(error.what() + nearest);
+    }
+}
+
+/// What is to be done, from the options, the input and its first frame.
+PaintPlan planned(const PaintOptions& options, const media::Reader& reader, const AVFrame& first,
+                  const media::OutputFormat& format, const ChosenEffect& chosen) {
+    Scaling scaling;
+    if (!options.scale.empty()) {
+        scaling = Scaling::parse(options.scale);
+    } else if (options.preview) {
+        scaling = Scaling::atMostLines(kPreviewLines);
+    }
+    const RenderSettings render = {.seed = options.seed, .fields = options.fields};
+    PaintPlan plan = makePlan(reader, first, format, options.encoding, render, scaling);
+    plan.paint.hold = options.hold;
+    plan.paint.animations = chosen.animations;
+    plan.paint.keptHalf = keptHalf(options.keptHalf);
+    if (format.picture && !plan.paint.animations.empty()) {
+        plan.notes.push_back("a picture has no time; values that move stand as they are at 0s");
+    }
+    if (options.preview && !format.picture) {
+        plan.seconds = kPreviewSeconds;
+        // Most lie behind the end.
+        plan.companions.keepChapters = false;
+    }
+    return plan;
 }
 
 /// Runs all frames through the pool, in order, with the copied packets beside them.
-void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media::Writer& writer,
-                 Progress& progress) {
-    NumberedFrame next = numbered(reader, 0, std::move(first));
+void paintFrames(FrameSource& source, Pool& pool, media::Writer& writer, Progress& progress) {
     for (;;) {
-        while (next.frame && pool.hasRoom()) {
-            const std::int64_t number = next.number;
-            pool.submit(std::move(next));
-            next = numbered(reader, number + 1, reader.next());
-            for (const media::PacketPtr& packet : reader.takePackets()) writer.writePacket(*packet);
+        while (source.hasFrame() && pool.hasRoom()) {
+            pool.submit(source.take());
+            source.copyPackets(writer);
         }
         if (pool.empty()) return;
         writer.writeFrame(*pool.take());
@@ -76,37 +108,47 @@ void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media
     }
 }
 
+ProgressStyle progressStyleOf(const PaintOptions& options, const media::OutputFormat& format) {
+    const ProgressStyle style = progressStyle(options.progress, options.quiet);
+    // A bar of one frame would be full before it is seen.
+    return format.picture && style == ProgressStyle::Bar ? ProgressStyle::None : style;
+}
+
 }  // namespace
 
-void paint(const host::Library& library, const PaintOptions& options) {
+void paint(const host::Library& library, const PaintOptions& options, std::ostream& out) {
     media::captureLog();
     const Notes note(options.quiet);
-    const media::OutputFormat& format = media::outputFormatOf(options.output);
+    const media::OutputFormat& format = outputFormat(options.output);
     refuseSameFile(options);
     std::optional<OutputFile> file;  // a pipe needs none
-    if (options.output != "-") file.emplace(options.output, options.force);
+    if (options.output != "-") {
+        if (options.dryRun) {
+            OutputFile::check(options.output, options.force);
+        } else {
+            file.emplace(options.output, options.force);
+        }
+    }
 
     media::Reader reader(options.input);
     checkKinds(reader, format, options);
-    ChosenEffect chosen = chooseEffect(library, options.choice, framesPerSecond(reader));
+    const ChosenEffect chosen = chooseEffect(library, options.choice, framesPerSecond(reader));
     media::FramePtr first = reader.next();
-    const RenderSettings render = {.seed = options.seed, .fields = options.fields};
-    PaintPlan plan = makePlan(reader, *first, format, options.encoding, render);
-    plan.paint.hold = options.hold;
-    plan.paint.animations = std::move(chosen.animations);
-    if (format.picture && !plan.paint.animations.empty()) {
-        plan.notes.push_back("a picture has no time; values that move stand as they are at 0s");
-    }
+    const PaintPlan plan = planned(options, reader, *first, format, chosen);
     for (const std::string& text : plan.notes) note(text);
+    if (options.dryRun) return dryRun(options, reader, *first, chosen, format, plan, out);
 
     media::Writer writer(file ? file->temporaryPath() : options.output, format, plan.video,
                          plan.companions);
     const int jobs = format.picture ? 1 : jobCount(options.jobs);
-    Progress progress(reader.expectedFrames(), {"frames", "fps"}, options.quiet || format.picture);
+    FrameSource source(reader, std::move(first), plan.seconds);
+    Progress progress(source.expectedFrames(), {"frames", "fps", "frame", "fps"},
+                      progressStyleOf(options, format));
     Pool pool(makeWorkers(chosen.effect, plan.paint, jobs), static_cast<std::size_t>(jobs) * 2);
-    paintFrames(reader, std::move(first), pool, writer, progress);
+    paintFrames(source, pool, writer, progress);
     writer.finish();
     if (file) file->commit();
+    progress.finish();
 }
 
 }  // namespace brushworks::tools

@@ -21,21 +21,44 @@ media::Raster sourceRaster(const media::Reader& reader, const AVFrame& first) {
     return raster;
 }
 
+/// The size that the frames are scaled to, as they were recorded.
+Size scaledSize(const AVFrame& first, const media::Orientation& orientation, const Scaling& scaling,
+                const media::OutputFormat& format) {
+    Size size = {first.width, first.height};
+    if (orientation.swapsSides()) std::swap(size.width, size.height);
+    size = scaling.sizeFor(size, /*even=*/!format.picture);
+    if (orientation.swapsSides()) std::swap(size.width, size.height);
+    return size;
+}
+
+/// The shape of pixels with which the picture still looks as it did.
+AVRational stretched(AVRational aspect, const AVFrame& first, Size size) {
+    if (aspect.num <= 0) return aspect;
+    constexpr std::int64_t kMost = 1 << 16;
+    AVRational result = {0, 1};
+    av_reduce(&result.num, &result.den, std::int64_t{aspect.num} * first.width * size.height,
+              std::int64_t{aspect.den} * first.height * size.width, kMost);
+    return result;
+}
+
 PaintSettings paintSettings(const media::Reader& reader, const AVFrame& first,
                             const media::OutputFormat& format, const media::Encoding& encoding,
                             const media::Raster& source, const std::string& pixelFormat,
-                            const RenderSettings& render) {
+                            const RenderSettings& render, const Scaling& scaling) {
     PaintSettings settings;
-    settings.recordedWidth = first.width;
-    settings.recordedHeight = first.height;
     settings.deep = media::isDeep(static_cast<AVPixelFormat>(first.format));
     settings.orientation = reader.orientation(first);
     settings.turnBack = format.keepsTurn && !settings.orientation.isUpright();
     settings.render = render;
+    const Size recorded = scaledSize(first, settings.orientation, scaling, format);
+    settings.recordedWidth = recorded.width;
+    settings.recordedHeight = recorded.height;
     settings.outputAspect = reader.sampleAspect(first);
+    if (!scaling.keepsShape())
+        settings.outputAspect = stretched(settings.outputAspect, first, recorded);
     AVRational upright = settings.outputAspect;
-    int width = first.width;
-    int height = first.height;
+    int width = recorded.width;
+    int height = recorded.height;
     if (settings.orientation.swapsSides()) {
         if (upright.num > 0) std::swap(upright.num, upright.den);
         if (!settings.turnBack) {
@@ -61,7 +84,9 @@ media::VideoSettings videoSettings(const media::Encoding& encoding, const PaintS
     settings.transfer = first.color_trc;
     settings.chromaLocation = first.chroma_location;
     // What was open in the input stays open, unless the matrix is one that we chose.
-    const bool chosen = decoded.matrix != paint.output.matrix;
+    // From another size a player would guess another matrix.
+    const bool resized = first.width != paint.recordedWidth || first.height != paint.recordedHeight;
+    const bool chosen = decoded.matrix != paint.output.matrix || resized;
     settings.tagMatrix = first.colorspace == decoded.matrix || chosen;
     settings.tagRange = first.color_range == decoded.range || chosen;
     if (first.interlaced_frame != 0) {
@@ -137,13 +162,14 @@ void noteLosses(const media::OutputFormat& format, PaintPlan& plan, AVPixelForma
 
 PaintPlan makePlan(const media::Reader& reader, const AVFrame& first,
                    const media::OutputFormat& format, const media::EncodingChoice& choice,
-                   const RenderSettings& render) {
+                   const RenderSettings& render, const Scaling& scaling) {
     const media::Raster source = sourceRaster(reader, first);
     const media::Encoding encoding = media::chooseEncoding(format, choice, source.format);
     PaintPlan plan;
-    plan.paint = paintSettings(reader, first, format, encoding, source, choice.pixelFormat, render);
+    plan.paint =
+        paintSettings(reader, first, format, encoding, source, choice.pixelFormat, render, scaling);
     plan.video = videoSettings(encoding, plan.paint, reader, first);
-    plan.companions = {&reader.input(), &reader.video(), plan.paint.turnBack, {}};
+    plan.companions = {&reader.input(), &reader.video(), plan.paint.turnBack, {}, true};
     planStreams(reader, format, plan);
     noteLosses(format, plan, source.format);
     noteRate(reader, format, plan);

@@ -9,6 +9,7 @@
 #include "media/output_format.h"
 #include "media/reader.h"
 #include "media/writer.h"
+#include "scaling.h"
 
 namespace brushworks::tools {
 
@@ -16,13 +17,15 @@ struct PaintPlan {
     PaintSettings paint;
     media::VideoSettings video;
     media::Companions companions;
+    double seconds = 0;              ///< from the start that are painted; 0: all
     std::vector<std::string> notes;  ///< what the user should know of losses
 };
 
-/// The plan for an input whose first frame is `first`; `render` holds what the user set. Throws
+/// The plan for an input whose first frame is `first`; `render` and `scaling` hold what
+/// the user set. Throws
 /// media::MediaUsageError, and media::MediaError where sound could not be kept.
 PaintPlan makePlan(const media::Reader& reader, const AVFrame& first,
                    const media::OutputFormat& format, const media::EncodingChoice& choice,
-                   const RenderSettings& render);
+                   const RenderSettings& render, const Scaling& scaling);
 
 }  // namespace brushworks::tools

@@ -223,12 +223,20 @@ std::vector<const AVStream*> Reader::otherStreams() const {
     return streams;
 }
 
+std::int64_t Reader::videoStart() const {
+    if (video().start_time == AV_NOPTS_VALUE) return 0;
+    return video().start_time + av_rescale_q(m_nShift, kMicroseconds, timeBase());
+}
+
 double Reader::secondsOf(const AVFrame& frame) const {
-    std::int64_t start = 0;
-    if (video().start_time != AV_NOPTS_VALUE) {
-        start = video().start_time + av_rescale_q(m_nShift, kMicroseconds, timeBase());
-    }
-    return static_cast<double>(frame.pts - start) * timeBase().num / timeBase().den;
+    return static_cast<double>(frame.pts - videoStart()) * timeBase().num / timeBase().den;
+}
+
+double Reader::secondsOf(const AVPacket& packet) const {
+    const AVStream& stream = *m_pInput->streams[packet.stream_index];
+    const double start = static_cast<double>(videoStart()) * av_q2d(timeBase());
+    const std::int64_t time = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
+    return static_cast<double>(time) * av_q2d(stream.time_base) - start;
 }
 
 AVRational Reader::frameRate() const {

@@ -40,6 +40,8 @@ class Reader {
 
     /// The time of a frame since the video's first one, in seconds.
     double secondsOf(const AVFrame& frame) const;
+    /// The same of a packet that was handed out.
+    double secondsOf(const AVPacket& packet) const;
     AVRational timeBase() const { return video().time_base; }
     AVRational frameRate() const;
     /// Whether frames follow each other at different intervals.
@@ -56,6 +58,8 @@ class Reader {
     void skipOtherVideo();
     void feedDecoder();
     void checkPipe(const AVPacket* packet);
+    /// The time of the first frame, as frames are handed out.
+    std::int64_t videoStart() const;
     void checkFrame(const AVFrame& frame) const;
     void checkReadToEnd() const;
     void fixTimes(AVFrame& frame);

@@ -102,7 +102,8 @@ void Writer::addCompanions(const OutputFormat& format, const Companions& compani
     }
     if (companions.input == nullptr) return;
     av_dict_copy(&m_pOutput->metadata, companions.input->metadata, 0);
-    if (format.keepsChapters) copyChapters(*companions.input, *m_pOutput);
+    if (format.keepsChapters && companions.keepChapters)
+        copyChapters(*companions.input, *m_pOutput);
 }
 
 void Writer::writeHead(const OutputFormat& format, const std::string& url,

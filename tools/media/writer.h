@@ -37,6 +37,7 @@ struct Companions {
     const AVStream* video = nullptr;         ///< the input's that is painted, or null
     bool keepTurn = false;                   ///< its note of how it is to be turned is copied too
     std::vector<const AVStream*> streams;    ///< whose packets follow
+    bool keepChapters = true;
 };
 
 /// One output file. Nothing is whole until finish() has returned. [one thread at a time]
