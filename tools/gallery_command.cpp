@@ -17,6 +17,7 @@
 #include "media/output_format.h"
 #include "notes.h"
 #include "output_folder.h"
+#include "progress.h"
 #include "shell_text.h"
 #include "still_picture.h"
 
@@ -145,7 +146,8 @@ void gallery(const host::Library& library, const GalleryOptions& options) {
     for (const host::Effect& effect : effects) {
         sections.push_back(plannedSection(effect.info(), options, original, names));
     }
-    paintSections(effects, original, folder, jobCount(options.jobs), options.quiet, sections);
+    paintSections(effects, original, folder, jobCount(options.jobs),
+                  progressStyle(options.progress, options.quiet), sections);
     page.sections = painted(std::move(sections), options, note);
     writePage(page, folder);
     output.commit();

@@ -15,6 +15,7 @@ struct GalleryOptions {
     int width = 960;                   ///< of the pictures at most
     int jobs = 0;  ///< pictures painted at once, 0 for as many as there are cores
     bool force = false;
+    std::string progress;  ///< one of progressStyleNames(), or ""
     bool quiet = false;
 };
 

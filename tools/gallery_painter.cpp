@@ -10,7 +10,6 @@
 
 #include "media/raster.h"
 #include "ordered_pool.h"
-#include "progress.h"
 #include "render_frame.h"
 
 namespace brushworks::tools {
@@ -43,7 +42,9 @@ JobResult paintPicture(const StillPicture& original, Job& job) {
     RenderSettings settings;
     if (original.squarePixels) settings.pixelAspect = {1, 1};
     const double start = processorSeconds();
-    if (!renderFrame(job.effect, settings, *source, *painted)) return std::nullopt;
+    if (!renderFrame(job.effect, settings, recordOf(*source), recordOf(*painted))) {
+        return std::nullopt;
+    }
     const double seconds = processorSeconds() - start;
     writeStill(*painted, job.path);
     return seconds;
@@ -78,7 +79,7 @@ class Refusals {
 }  // namespace
 
 void paintSections(const std::vector<host::Effect>& effects, const StillPicture& original,
-                   const fs::path& folder, int jobs, bool quiet,
+                   const fs::path& folder, int jobs, ProgressStyle style,
                    std::vector<GallerySection>& sections) {
     struct Place {
         std::size_t section;
@@ -93,7 +94,8 @@ void paintSections(const std::vector<host::Effect>& effects, const StillPicture&
     const auto paint = [&](Job job) { return paintPicture(original, job); };
     const auto threads = static_cast<std::size_t>(jobs);
     Pool pool(std::vector<Pool::Worker>(threads, paint), threads * 2);
-    Progress progress(static_cast<std::int64_t>(places.size()), {"pictures", "a second"}, quiet);
+    Progress progress(static_cast<std::int64_t>(places.size()),
+                      {"pictures", "a second", "picture", "pictures_per_s"}, style);
     std::vector<Refusals> refusals(sections.size());
     std::size_t submitted = 0;
     for (const Place& place : places) {
@@ -107,6 +109,7 @@ void paintSections(const std::vector<host::Effect>& effects, const StillPicture&
         section.cards[place.card].seconds = seconds.value_or(0);
         progress.step();
     }
+    progress.finish();
     for (std::size_t i = 0; i < sections.size(); ++i) {
         if (refusals[i].all()) sections[i].cards.clear();
     }

@@ -6,6 +6,7 @@
 
 #include "gallery_page.h"
 #include "host/effect.h"
+#include "progress.h"
 #include "still_picture.h"
 
 namespace brushworks::tools {
@@ -14,7 +15,7 @@ namespace brushworks::tools {
 /// and fills in their times. A section whose effect renders none of them is left without cards;
 /// when it renders only some, throws std::runtime_error.
 void paintSections(const std::vector<host::Effect>& effects, const StillPicture& original,
-                   const std::filesystem::path& folder, int jobs, bool quiet,
+                   const std::filesystem::path& folder, int jobs, ProgressStyle style,
                    std::vector<GallerySection>& sections);
 
 }  // namespace brushworks::tools

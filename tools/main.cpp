@@ -3,15 +3,23 @@
 #include <cstdio>
 #include <exception>
 #include <iostream>
+#include <limits>
 
+#include "before_after.h"
+#include "codecs_command.h"
+#include "command_table.h"
+#include "completion_command.h"
 #include "describe_command.h"
 #include "gallery_command.h"
 #include "gpu_command.h"
 #include "host/error.h"
 #include "host/library.h"
+#include "manual.h"
 #include "media/error.h"
+#include "misspelling.h"
 #include "paint_command.h"
 #include "preset_command.h"
+#include "progress.h"
 
 namespace {
 
@@ -46,45 +54,124 @@ void addInfo(CLI::App& app) {
     });
 }
 
+void addCodecs(CLI::App& app) {
+    CLI::App* codecs =
+        app.add_subcommand("codecs", "List the encoders of outputs and what their quality means");
+    codecs->callback([] { tools::listCodecs(std::cout); });
+}
+
 /// The options for what an effect starts from and what is set then; returns the one for a preset.
-CLI::Option* addValues(CLI::App& app, tools::EffectChoice& choice) {
+CLI::Option* addValues(CLI::App& app, tools::EffectChoice& choice, const std::string& more = "") {
     CLI::Option* preset =
-        app.add_option("-p,--preset", choice.preset, "Start from this preset of the effect");
+        app.add_option("-p,--preset", choice.preset, "Start from this preset of the effect")
+            ->type_name(tools::kPresetKind);
     app.add_option("-s,--set", choice.values,
-                   "Set a parameter, as 'info' names it; may be given again")
-        ->type_name("NAME=VALUE")
+                   "Set a parameter, as 'info' names it; may be given again" + more)
+        ->type_name(tools::kSettingKind)
         ->allow_extra_args(false);
     return preset;
+}
+
+void addEncoding(CLI::App& paint, media::EncodingChoice& choice) {
+    constexpr int kBestQuality = 100;
+    paint
+        .add_option("--codec", choice.codec,
+                    "Encoder of the output, such as h264, hevc, vp9, av1, prores, ffv1, or as "
+                    "FFmpeg names it; see 'codecs' (default: by the type of the output)")
+        ->type_name(tools::kCodecKind);
+    paint
+        .add_option("--quality", choice.quality,
+                    "Quality of a lossy output, 0 (small) to 100 (as good as the encoder can)")
+        ->type_name("N")
+        ->check(CLI::Range(0, kBestQuality));
+    paint
+        .add_option("--pix-fmt", choice.pixelFormat,
+                    "Pixel format of the output, as FFmpeg names it (default: the nearest to the "
+                    "input's that the encoder takes)")
+        ->type_name("FORMAT");
+    paint.add_flag("--lossless", choice.lossless, "Encode without any loss");
+}
+
+/// The options for trying things out.
+void addLook(CLI::App& paint, tools::PaintOptions& options) {
+    CLI::Option* scale =
+        paint
+            .add_option("--scale", options.scale,
+                        "Scale before painting: 1280:720, 1280: or :720 (the other side follows), "
+                        "50%, or fit:1280:720 (reduce what is larger). Strokes grow with the "
+                        "height, so the look stays")
+            ->type_name("SIZE");
+    paint
+        .add_flag("--preview", options.preview,
+                  "A quick look: at most 480 lines, and of a video the first 2 seconds")
+        ->excludes(scale);
+    tools::limitTo(
+        paint.add_flag("--before-after{left}", options.keptHalf,
+                       "Paint one half and leave the other one, the left unless =top is added, "
+                       "with a line between"),
+        tools::keptHalfNames());
+    paint.add_flag("--dry-run", options.dryRun,
+                   "Tell what would be done, and what would fail at once; write nothing");
+}
+
+/// The options for what is said meanwhile.
+void addTalk(CLI::App& app, bool& quiet, std::string& progress) {
+    tools::limitTo(
+        app.add_option("--progress", progress,
+                       "Progress on standard error: a bar (the default on a terminal), lines of "
+                       "KEY=VALUE for programs, or none"),
+        tools::progressStyleNames());
+    app.add_flag("-q,--quiet", quiet, "No notes, and no progress unless --progress asks for it");
 }
 
 void addPaint(CLI::App& app) {
     CLI::App* paint = app.add_subcommand("paint", "Paint a picture or a video");
     const auto options = std::make_shared<tools::PaintOptions>();
-    paint->add_option("INPUT", options->input, "Picture or video to paint")->required();
+    paint
+        ->add_option("INPUT", options->input,
+                     "Picture or video to paint; - for YUV4MPEG2 on "
+                     "standard input")
+        ->required();
     tools::EffectChoice& choice = options->choice;
     paint->add_option("-e,--effect", choice.effect, "Id, display name or index of an effect")
+        ->type_name(tools::kEffectKind)
         ->required();
-    CLI::Option* preset = addValues(*paint, choice);
+    CLI::Option* preset = addValues(
+        *paint, choice,
+        ". NAME=VALUE@TIME,VALUE@TIME moves it over a video, such as size=10@0s,60@4s: times in s, "
+        "ms, f (frames) or h:m:s; ~ in place of the comma eases");
     paint->add_option("--preset-file", choice.presetFile, "Start from this preset file")
-        ->type_name("FILE")
+        ->type_name(tools::kFileKind)
         ->check(CLI::Validator(
             [](const std::string& name) { return name.empty() ? "it names no file" : ""; }, ""))
         ->excludes(preset);
     paint
         ->add_option("-o,--output", options->output,
                      "File to write; its extension tells the type: .png, .jpg, .tif, .webp, .ppm; "
-                     ".mp4, .mov, .mkv, .webm")
+                     ".mp4, .mov, .mkv, .webm, .gif, .avi, .y4m; - for YUV4MPEG2 on standard "
+                     "output")
+        ->type_name(tools::kFileKind)
         ->required();
+    addEncoding(*paint, options->encoding);
     paint->add_option("-j,--jobs", options->jobs, "Frames to render at once (default: all cores)")
+        ->type_name("N")
         ->check(CLI::Range(1, kMostJobs));
     paint
         ->add_option("--seed", options->seed,
-                     "Seed of random strokes; the frames of a video count on from it")
+                     "Seed of random strokes, the same for all frames unless --hold is given")
+        ->type_name("N")
         ->capture_default_str();
+    paint
+        ->add_option("--hold", options->hold,
+                     "Change random strokes every N frames of a video: the seed counts on there "
+                     "(default: they stay throughout)")
+        ->type_name("N")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+    addLook(*paint, *options);
     paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
     paint->add_flag("-f,--force", options->force, "Replace an existing output");
-    paint->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
-    paint->callback([=] { tools::paint(loadLibrary(), *options); });
+    addTalk(*paint, options->quiet, options->progress);
+    paint->callback([=] { tools::paint(loadLibrary(), *options, std::cout); });
 }
 
 void addPresetSave(CLI::App& preset) {
@@ -95,12 +182,13 @@ void addPresetSave(CLI::App& preset) {
         ->required();
     addValues(*save, options->choice);
     save->add_option("--name", options->name,
-                     "Name of the saved preset (default: that of --preset, or else of the file)");
+                     "Name of the saved preset (default: that of --preset, or else of the file)")
+        ->type_name("NAME");
     save->add_option(
             "-o,--output", options->output,
             "File to write; hosts look for the extension of the effect, which a note tells "
             "where another is given")
-        ->type_name("FILE")
+        ->type_name(tools::kFileKind)
         ->required();
     save->add_flag("-f,--force", options->force, "Replace an existing file");
     save->callback([=] { tools::savePreset(loadLibrary(), *options); });
@@ -134,23 +222,26 @@ void addGallery(CLI::App& app) {
     gallery
         ->add_option("-o,--output", options->output,
                      "Folder to write; it must be new, empty or an older gallery")
-        ->type_name("FOLDER")
+        ->type_name(tools::kFolderKind)
         ->required();
     gallery
         ->add_option("-e,--effect", options->effects,
                      "Show this effect alone, by id, display name or index; may be given again")
+        ->type_name(tools::kEffectKind)
         ->allow_extra_args(false);
     gallery
         ->add_option("--width", options->width,
                      "Reduce wider pictures to this width before they are painted; strokes grow "
                      "with the height of a picture, so the look stays")
+        ->type_name("N")
         ->check(CLI::Range(16, 16384))
         ->capture_default_str();
     gallery
         ->add_option("-j,--jobs", options->jobs, "Pictures to paint at once (default: all cores)")
+        ->type_name("N")
         ->check(CLI::Range(1, kMostJobs));
     gallery->add_flag("-f,--force", options->force, "Replace an older gallery");
-    gallery->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
+    addTalk(*gallery, options->quiet, options->progress);
     gallery->callback([=] { tools::gallery(loadLibrary(), *options); });
 }
 
@@ -163,6 +254,31 @@ void addGpu(CLI::App& app) {
     gpu->callback([=] { tools::describeGpu(loadLibrary(), *options, std::cout); });
 }
 
+void addCompletion(CLI::App& app) {
+    CLI::App* completion =
+        app.add_subcommand("completion",
+                           "Print the script by which a shell completes; installed ones are loaded "
+                           "by themselves");
+    const auto shell = std::make_shared<std::string>();
+    tools::limitTo(completion->add_option("SHELL", *shell, "Shell to print it for")->required(),
+                   tools::completionShells());
+    completion->callback([=] { tools::writeCompletionScript(*shell, std::cout); });
+
+    // What the scripts ask; the words of a half typed line are nothing to parse.
+    CLI::App* answer = app.add_subcommand("complete", "Answer a script of 'completion'");
+    answer->group("")->set_help_flag();
+    answer->prefix_command();
+    answer->callback([&app, answer] {
+        tools::answerCompletion(app, loadLibrary, answer->remaining(), std::cout);
+    });
+}
+
+void addManual(CLI::App& app) {
+    CLI::App* manual =
+        app.add_subcommand("manual", "Print the manual page, to read with 'man -l -'");
+    manual->callback([&app] { tools::writeManual(app, loadLibrary(), std::cout); });
+}
+
 int fail(const std::exception& error, int status) {
     std::fprintf(stderr, "brushworks: %s\n", error.what());
     return status;
@@ -172,18 +288,26 @@ int run(int count, char** arguments) {
     CLI::App app("Twelve painterly effects for pictures and videos", "brushworks");
     app.set_version_flag("--version", BRUSHWORKS_VERSION);
     app.require_subcommand(1);
+    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return std::string("brushworks: ") + error.what() + "; --help tells more\n";
+    });
     addList(app);
     addInfo(app);
     addPaint(app);
     addPreset(app);
     addGallery(app);
     addGpu(app);
+    addCodecs(app);
+    addCompletion(app);
+    addManual(app);
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.
         std::cout.flush();
         return std::cout ? 0 : fail(std::runtime_error("cannot write the output"), kFailed);
     } catch (const CLI::ParseError& error) {
+        const std::string unknown = error.get_exit_code() != 0 ? tools::unknownWord(app) : "";
+        if (!unknown.empty()) return fail(host::UsageError(unknown), kWrongUsage);
         return app.exit(error) == 0 ? 0 : kWrongUsage;
     } catch (const host::UsageError& error) {
         return fail(error, kWrongUsage);

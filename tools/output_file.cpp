@@ -20,18 +20,29 @@ int makeFile(const std::string& path) {
     return 0;
 }
 
-}  // namespace
-
-// A link keeps its place: the file that it points to is replaced.
-OutputFile::OutputFile(const std::string& path, bool replace)
-    : m_path(behindLink(path)), m_bReplace(replace) {
+/// Where the file comes to lie. A link keeps its place: the file that it points to is replaced.
+fs::path checkedTarget(const std::string& path, bool replace) {
+    fs::path target = behindLink(path);
     std::error_code ignored;
-    const fs::file_status status = fs::status(m_path, ignored);
+    const fs::file_status status = fs::status(target, ignored);
     if (fs::is_directory(status)) throw std::runtime_error(path + " is a folder");
     if (fs::exists(status)) {
         if (!replace) throw std::runtime_error(path + " exists; --force replaces it");
         if (!fs::is_regular_file(status)) throw std::runtime_error(path + " is not a plain file");
     }
+    return target;
+}
+
+}  // namespace
+
+void OutputFile::check(const std::string& path, bool replace) {
+    const fs::path target = checkedTarget(path, replace);
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    if (access(folder.c_str(), W_OK | X_OK) != 0) failWriting(target, errno);
+}
+
+OutputFile::OutputFile(const std::string& path, bool replace)
+    : m_path(checkedTarget(path, replace)), m_bReplace(replace) {
     m_unfinished.emplace(m_path, makeFile);
 }
 

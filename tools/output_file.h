@@ -18,6 +18,9 @@ class OutputFile {
     /// folder takes no file.
     OutputFile(const std::string& path, bool replace);
 
+    /// Throws what the constructor would, and makes nothing.
+    static void check(const std::string& path, bool replace);
+
     const std::string& temporaryPath() const { return m_unfinished->path(); }
     /// Gives the file its name, on disk and whole.
     void commit();

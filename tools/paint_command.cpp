@@ -1,11 +1,14 @@
 // Puts the pieces together: reader, painters on their threads, writer.
 #include "paint_command.h"
 
-#include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 
+#include "dry_run.h"
 #include "frame_painter.h"
+#include "frame_source.h"
+#include "host/names.h"
 #include "job_count.h"
 #include "media/log.h"
 #include "media/output_format.h"
@@ -14,12 +17,16 @@
 #include "notes.h"
 #include "ordered_pool.h"
 #include "output_file.h"
+#include "paint_plan.h"
 #include "progress.h"
 
 namespace brushworks::tools {
 namespace {
 
 using Pool = OrderedPool<NumberedFrame, media::FramePtr>;
+
+constexpr int kPreviewLines = 480;
+constexpr double kPreviewSeconds = 2;
 
 void refuseSameFile(const PaintOptions& options) {
     std::error_code ignored;
@@ -36,57 +43,6 @@ void checkKinds(const media::Reader& reader, const media::OutputFormat& format,
         "; its output must end in one of " + media::extensionList(reader.isPicture()));
 }
 
-PaintSettings paintSettings(const PaintOptions& options, const media::OutputFormat& format,
-                            const media::Reader& reader, const AVFrame& first) {
-    PaintSettings settings;
-    settings.recordedWidth = first.width;
-    settings.recordedHeight = first.height;
-    settings.orientation = reader.orientation(first);
-    int width = first.width;
-    int height = first.height;
-    AVRational aspect = reader.sampleAspect(first);
-    if (settings.orientation.swapsSides()) {
-        std::swap(width, height);
-        if (aspect.num > 0) std::swap(aspect.num, aspect.den);
-    }
-    settings.output = media::outputRaster(format, media::rasterOf(first), width, height);
-    settings.render = {aspect, options.seed, options.fields};
-    return settings;
-}
-
-media::VideoSettings videoSettings(const PaintSettings& paint, const media::Reader& reader,
-                                   const AVFrame& first) {
-    const media::Raster decoded = media::rasterOf(first);
-    media::VideoSettings settings;
-    settings.raster = paint.output;
-    settings.timeBase = reader.timeBase();
-    settings.frameRate = reader.frameRate();
-    settings.pixelAspect = paint.render.pixelAspect;
-    settings.primaries = first.color_primaries;
-    settings.transfer = first.color_trc;
-    // What was open in the input stays open, unless the matrix is one that we chose.
-    settings.tagMatrix = first.colorspace == decoded.matrix || decoded.matrix == AVCOL_SPC_RGB;
-    settings.tagRange = first.color_range == decoded.range || decoded.matrix == AVCOL_SPC_RGB;
-    settings.interlaced = first.interlaced_frame != 0;
-    settings.metadata = reader.metadata();
-    settings.streamMetadata = reader.video().metadata;
-    return settings;
-}
-
-void tellLosses(const Notes& note, const media::Reader& reader, const media::OutputFormat& format,
-                const PaintSettings& settings, const AVFrame& first) {
-    for (const std::string& stream : reader.leftOut()) note("left out: " + stream);
-    const auto decoded = static_cast<AVPixelFormat>(first.format);
-    if (media::hasAlpha(decoded) && !format.keepAlpha) {
-        note(std::string(".") + format.extension + " has no room for transparency; it is left out");
-    }
-    if (!format.picture && settings.output.format == AV_PIX_FMT_YUV444P) {
-        note("the size " + std::to_string(settings.output.width) + "x" +
-             std::to_string(settings.output.height) +
-             " is odd; encoding with full colour resolution (4:4:4)");
-    }
-}
-
 std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSettings& settings,
                                       int jobs) {
     std::vector<Pool::Worker> workers;
@@ -98,16 +54,53 @@ std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSet
     return workers;
 }
 
+/// A slip in the extension is answered with the nearest one.
+const media::OutputFormat& outputFormat(const std::string& path) {
+    try {
+        return media::outputFormatOf(path);
+    } catch (const media::MediaUsageError& error) {
+        std::vector<std::string> extensions;
+        for (const media::OutputFormat& format : media::outputFormats()) {
+            extensions.emplace_back(format.extension);
+        }
+        const std::string typed = std::filesystem::path(path).extension().string();
+        const std::string nearest =
+            typed.empty() ? "" : host::didYouMean(typed.substr(1), extensions);
+        throw media::MediaUsageError(error.what() + nearest);
+    }
+}
+
+/// What is to be done, from the options, the input and its first frame.
+PaintPlan planned(const PaintOptions& options, const media::Reader& reader, const AVFrame& first,
+                  const media::OutputFormat& format, const ChosenEffect& chosen) {
+    Scaling scaling;
+    if (!options.scale.empty()) {
+        scaling = Scaling::parse(options.scale);
+    } else if (options.preview) {
+        scaling = Scaling::atMostLines(kPreviewLines);
+    }
+    const RenderSettings render = {.seed = options.seed, .fields = options.fields};
+    PaintPlan plan = makePlan(reader, first, format, options.encoding, render, scaling);
+    plan.paint.hold = options.hold;
+    plan.paint.animations = chosen.animations;
+    plan.paint.keptHalf = keptHalf(options.keptHalf);
+    if (format.picture && !plan.paint.animations.empty()) {
+        plan.notes.push_back("a picture has no time; values that move stand as they are at 0s");
+    }
+    if (options.preview && !format.picture) {
+        plan.seconds = kPreviewSeconds;
+        // Most lie behind the end.
+        plan.companions.keepChapters = false;
+    }
+    return plan;
+}
+
 /// Runs all frames through the pool, in order, with the copied packets beside them.
-void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media::Writer& writer,
-                 Progress& progress) {
-    NumberedFrame next = {0, std::move(first)};
+void paintFrames(FrameSource& source, Pool& pool, media::Writer& writer, Progress& progress) {
     for (;;) {
-        while (next.frame && pool.hasRoom()) {
-            const std::int64_t number = next.number;
-            pool.submit(std::move(next));
-            next = {number + 1, reader.next()};
-            for (const media::PacketPtr& packet : reader.takePackets()) writer.writePacket(*packet);
+        while (source.hasFrame() && pool.hasRoom()) {
+            pool.submit(source.take());
+            source.copyPackets(writer);
         }
         if (pool.empty()) return;
         writer.writeFrame(*pool.take());
@@ -115,30 +108,47 @@ void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media
     }
 }
 
+ProgressStyle progressStyleOf(const PaintOptions& options, const media::OutputFormat& format) {
+    const ProgressStyle style = progressStyle(options.progress, options.quiet);
+    // A bar of one frame would be full before it is seen.
+    return format.picture && style == ProgressStyle::Bar ? ProgressStyle::None : style;
+}
+
 }  // namespace
 
-void paint(const host::Library& library, const PaintOptions& options) {
+void paint(const host::Library& library, const PaintOptions& options, std::ostream& out) {
     media::captureLog();
     const Notes note(options.quiet);
-    const host::Effect effect = openEffect(library, options.choice);
-    const media::OutputFormat& format = media::outputFormatOf(options.output);
+    const media::OutputFormat& format = outputFormat(options.output);
     refuseSameFile(options);
-    OutputFile file(options.output, options.force);
+    std::optional<OutputFile> file;  // a pipe needs none
+    if (options.output != "-") {
+        if (options.dryRun) {
+            OutputFile::check(options.output, options.force);
+        } else {
+            file.emplace(options.output, options.force);
+        }
+    }
 
     media::Reader reader(options.input);
     checkKinds(reader, format, options);
+    const ChosenEffect chosen = chooseEffect(library, options.choice, framesPerSecond(reader));
     media::FramePtr first = reader.next();
-    const PaintSettings settings = paintSettings(options, format, reader, *first);
-    tellLosses(note, reader, format, settings, *first);
+    const PaintPlan plan = planned(options, reader, *first, format, chosen);
+    for (const std::string& text : plan.notes) note(text);
+    if (options.dryRun) return dryRun(options, reader, *first, chosen, format, plan, out);
 
-    media::Writer writer(file.temporaryPath(), format, videoSettings(settings, reader, *first),
-                         reader.copiedStreams());
+    media::Writer writer(file ? file->temporaryPath() : options.output, format, plan.video,
+                         plan.companions);
     const int jobs = format.picture ? 1 : jobCount(options.jobs);
-    Progress progress(reader.expectedFrames(), {"frames", "fps"}, options.quiet || format.picture);
-    Pool pool(makeWorkers(effect, settings, jobs), static_cast<std::size_t>(jobs) * 2);
-    paintFrames(reader, std::move(first), pool, writer, progress);
+    FrameSource source(reader, std::move(first), plan.seconds);
+    Progress progress(source.expectedFrames(), {"frames", "fps", "frame", "fps"},
+                      progressStyleOf(options, format));
+    Pool pool(makeWorkers(chosen.effect, plan.paint, jobs), static_cast<std::size_t>(jobs) * 2);
+    paintFrames(source, pool, writer, progress);
     writer.finish();
-    file.commit();
+    if (file) file->commit();
+    progress.finish();
 }
 
 }  // namespace brushworks::tools

@@ -2,26 +2,36 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 
 #include "effect_choice.h"
 #include "host/library.h"
+#include "media/encoder.h"
 
 namespace brushworks::tools {
 
 struct PaintOptions {
-    std::string input;
-    std::string output;
+    std::string input;   ///< "-" for standard input
+    std::string output;  ///< "-" for standard output
     EffectChoice choice;
-    int jobs = 0;  ///< frames rendered at once, 0 for as many as there are cores
-    std::int32_t seed = 0;
+    media::EncodingChoice encoding;
+    int jobs = 0;           ///< frames rendered at once, 0 for as many as there are cores
+    std::int32_t seed = 0;  ///< of random strokes
+    int hold = 0;           ///< frames before the strokes change; 0: they never do
+    std::string scale;      ///< what Scaling::parse takes, or ""
+    std::string keptHalf;   ///< one of keptHalfNames(), or ""
+    std::string progress;   ///< one of progressStyleNames(), or ""
+    bool preview = false;   ///< small, and the start of a video
+    bool dryRun = false;    ///< nothing is painted or written
     bool fields = false;
     bool force = false;
     bool quiet = false;
 };
 
-/// Paints `input` into `output`. Throws host::UsageError, media::MediaUsageError and other
-/// std::exceptions with texts for the user; then there is no output.
-void paint(const host::Library& library, const PaintOptions& options);
+/// Paints `input` into `output`; a dry run tells on `out` what would be done. Throws
+/// host::UsageError, media::MediaUsageError and other std::exceptions with texts for the user; then
+/// there is no output.
+void paint(const host::Library& library, const PaintOptions& options, std::ostream& out);
 
 }  // namespace brushworks::tools

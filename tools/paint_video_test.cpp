@@ -16,11 +16,13 @@ namespace {
 using testing::CommandTest;
 using testing::Content;
 using testing::contentOf;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using testing::makeClip;
 using ::testing::Not;
 using testing::Result;
+using ::testing::StartsWith;
 
 using Names = std::set<std::string>;
 
@@ -74,9 +76,9 @@ TEST_F(PaintVideo, WritesEveryTypeFromEveryType) {
 }
 
 TEST_F(PaintVideo, KeepsOddSizesAndSaysHow) {
-    makeClip(path("in.mkv"), {.width = 67, .height = 35, .frames = 4});
-    for (const char* out : {"out.mp4", "out.webm"}) {
-        const Result result = paint("in.mkv", out);
+    makeClip(path("in.webm"), {.width = 67, .height = 35, .frames = 4});
+    for (const char* out : {"out.mp4", "o.webm"}) {
+        const Result result = paint("in.webm", out);
         ASSERT_EQ(result.status, 0) << result.err;
         const Content content = contentOf(path(out));
         EXPECT_EQ(content.width, 67);
@@ -92,6 +94,39 @@ TEST_F(PaintVideo, PaintsFields) {
     const Result result = paint("in.mp4", "out.mp4", {"--fields"});
     ASSERT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(contentOf(path("out.mp4")).numbers, countTo(6));
+}
+
+TEST_F(PaintVideo, MovesValuesByTheTimesOfFrames) {
+    // From all white to all black at a mark that a file's milliseconds come a hair too early for.
+    // Of two settings the later one counts: the contrast stays.
+    makeClip(path("in.mkv"), {.frames = 12, .frameRate = {30000, 1001}});
+    const Result result =
+        run({"paint", "in.mkv", "-e", "pencil-rubbing", "-s", "contrast=-100@0s", "-s",
+             "contrast=0", "-s", "brightness=100@6f,-100@7f", "-o", "out.mkv", "--jobs", "3"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    std::vector<int> expected(12, 0);
+    std::fill_n(expected.begin(), 7, 255);
+    EXPECT_EQ(contentOf(path("out.mkv")).numbers, expected);
+    EXPECT_EQ(paint("in.mkv", "wrong.mkv", {"-s", "color=1@0s,2@4x"}).status, 2);
+}
+
+TEST_F(PaintVideo, PreviewsTheStartAndTellsProgramsHowFarItIs) {
+    makeClip(path("in.mkv"), {.width = 96, .height = 600, .frames = 60, .sound = true});
+    const Result result = paint("in.mkv", "out.mkv", {"--preview", "--progress=kv", "-q"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_THAT(result.out, IsEmpty());
+    EXPECT_THAT(result.err, StartsWith("frame=0\ntotal=50\n"));
+    EXPECT_THAT(result.err, EndsWith("eta_s=0.0\nprogress=end\n"));
+    const Content in = contentOf(path("in.mkv"));
+    const Content out = contentOf(path("out.mkv"));
+    EXPECT_EQ(out.numbers, countTo(50));
+    EXPECT_EQ(out.width, 76);
+    EXPECT_EQ(out.height, 480);
+    EXPECT_GT(out.packets.size(), in.packets.size() * 2 / 3);
+    EXPECT_LT(out.packets.size(), in.packets.size() * 11 / 12);
+    // The picture looks as wide as before.
+    ASSERT_EQ(paint("in.mkv", "wide.mkv", {"--scale", "48:32"}).status, 0);
+    EXPECT_EQ(av_cmp_q(contentOf(path("wide.mkv")).pixelAspect, {8, 75}), 0);
 }
 
 TEST_F(PaintVideo, RefusesSoundThatTheOutputCannotHold) {

@@ -1,0 +1,19 @@
+// What a run of the command would do, told without doing it.
+#pragma once
+
+#include <ostream>
+
+#include "effect_choice.h"
+#include "media/reader.h"
+#include "paint_command.h"
+#include "paint_plan.h"
+
+namespace brushworks::tools {
+
+/// Tells of input, effect, values and output, after the encoder and the head of the file were tried
+/// where nothing is kept. Throws what the run itself would throw there.
+void dryRun(const PaintOptions& options, const media::Reader& reader, const AVFrame& first,
+            const ChosenEffect& chosen, const media::OutputFormat& format, const PaintPlan& plan,
+            std::ostream& out);
+
+}  // namespace brushworks::tools

@@ -1,0 +1,31 @@
+// Decides how an input is painted and written: what is kept, and what the output has no room for.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "frame_painter.h"
+#include "media/encoder.h"
+#include "media/output_format.h"
+#include "media/reader.h"
+#include "media/writer.h"
+#include "scaling.h"
+
+namespace brushworks::tools {
+
+struct PaintPlan {
+    PaintSettings paint;
+    media::VideoSettings video;
+    media::Companions companions;
+    double seconds = 0;              ///< from the start that are painted; 0: all
+    std::vector<std::string> notes;  ///< what the user should know of losses
+};
+
+/// The plan for an input whose first frame is `first`; `render` and `scaling` hold what
+/// the user set. Throws
+/// media::MediaUsageError, and media::MediaError where sound could not be kept.
+PaintPlan makePlan(const media::Reader& reader, const AVFrame& first,
+                   const media::OutputFormat& format, const media::EncodingChoice& choice,
+                   const RenderSettings& render, const Scaling& scaling);
+
+}  // namespace brushworks::tools
