@@ -94,14 +94,16 @@ const std::vector<EffectEntry>& Library::effects() const {
 
 Effect Library::open(std::string_view effect) const {
     std::vector<std::string> right;
+    std::vector<std::string> displayNames;
     for (const EffectEntry& entry : *m_pEffects) {
         if (sameName(effect, entry.id) || sameName(effect, entry.name)) return open(entry.index);
         right.push_back(entry.id);
+        displayNames.push_back(entry.name);
     }
     unsigned int index = 0;
     const auto [end, error] = std::from_chars(effect.data(), effect.data() + effect.size(), index);
     if (error == std::errc() && end == effect.data() + effect.size()) return open(index);
-    throw UsageError(unknownName("effect", effect, right));
+    throw UsageError(unknownName("effect", effect, right, displayNames));
 }
 
 Effect Library::open(unsigned int index) const {

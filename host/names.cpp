@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace brushworks::host {
 namespace {
@@ -11,21 +12,30 @@ char smallLetter(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// How many letters must be inserted, dropped or changed to turn `a` into `b`.
+/// How many letters must be inserted, dropped or changed, or neighbours swapped, to turn `a` into
+/// `b`.
 std::size_t editDistance(const std::string& a, const std::string& b) {
+    std::vector<std::size_t> beforeLast;
+    std::vector<std::size_t> last;
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = row[0];
+        beforeLast = std::exchange(last, row);
         row[0] = i + 1;
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t above = row[j + 1];
-            const std::size_t changed = diagonal + (a[i] == b[j] ? 0 : 1);
-            row[j + 1] = std::min({above + 1, row[j] + 1, changed});
-            diagonal = above;
+            const std::size_t changed = last[j] + (a[i] == b[j] ? 0 : 1);
+            row[j + 1] = std::min({last[j + 1] + 1, row[j] + 1, changed});
+            const bool swapped = i > 0 && j > 0 && a[i] == b[j - 1] && a[i - 1] == b[j];
+            if (swapped) row[j + 1] = std::min(row[j + 1], beforeLast[j - 1] + 1);
         }
     }
     return row[b.size()];
+}
+
+/// How many slips a name of that length may have: a third of the letters; more is another word.
+std::size_t mostSlips(std::size_t length) {
+    constexpr std::size_t kShort = 3;
+    return length <= kShort ? 1 : std::max<std::size_t>(2, length / 3);
 }
 
 std::string capitalized(std::string_view word) {
@@ -53,8 +63,7 @@ std::string nearestName(std::string_view wrong, const std::vector<std::string>& 
     const std::string typed = foldCase(wrong);
     if (typed.empty()) return "";
     std::string nearest;
-    // A third of the letters may be wrong; more is another word.
-    std::size_t best = std::max<std::size_t>(2, typed.size() / 3) + 1;
+    std::size_t best = mostSlips(typed.size()) + 1;
     for (const std::string& name : right) {
         const std::string folded = foldCase(name);
         std::size_t distance = editDistance(typed, folded);
@@ -94,14 +103,19 @@ std::string joinNames(const std::vector<std::string>& names) {
     return joined;
 }
 
-std::string unknownName(std::string_view kind, std::string_view wrong,
-                        const std::vector<std::string>& right) {
-    std::string message = "no " + std::string(kind) + " \"" + std::string(wrong) + "\"";
+std::string didYouMean(std::string_view wrong, const std::vector<std::string>& right) {
     const std::string nearest = nearestName(wrong, right);
-    if (!nearest.empty())
-        message += "; did you mean \"" + nearest + "\"?";
-    else
-        message += ".";
+    return nearest.empty() ? "" : "; did you mean \"" + nearest + "\"?";
+}
+
+std::string unknownName(std::string_view kind, std::string_view wrong,
+                        const std::vector<std::string>& right,
+                        const std::vector<std::string>& synonyms) {
+    std::string message = "no " + std::string(kind) + " \"" + std::string(wrong) + "\"";
+    std::vector<std::string> all = right;
+    all.insert(all.end(), synonyms.begin(), synonyms.end());
+    const std::string nearest = didYouMean(wrong, all);
+    message += nearest.empty() ? "." : nearest;
     return message + " " + capitalized(kind) + "s: " + joinNames(right);
 }
 

@@ -17,10 +17,15 @@ bool sameName(std::string_view a, std::string_view b);
 /// The name of `right` that a person who typed `wrong` most likely meant, or "" when none is near.
 std::string nearestName(std::string_view wrong, const std::vector<std::string>& right);
 
+/// "; did you mean "NAME"?" with the nearest name, to end a message with; "" when none is near.
+std::string didYouMean(std::string_view wrong, const std::vector<std::string>& right);
+
 /// The message for a name that does not exist, such as
 ///   no effect "posterise"; did you mean "posterize"? Effects: cartoon, charcoal, ...
+/// It may mean one of `synonyms` too, and does not list those.
 std::string unknownName(std::string_view kind, std::string_view wrong,
-                        const std::vector<std::string>& right);
+                        const std::vector<std::string>& right,
+                        const std::vector<std::string>& synonyms = {});
 
 /// A name from a stranger as one line that no terminal takes for orders: control characters become
 /// question marks.

@@ -18,6 +18,8 @@ TEST(Names, TheNearestIsOneThatAPersonCouldHaveMeant) {
     EXPECT_EQ(nearestName("Cartoom", right), "cartoon");
     EXPECT_EQ(nearestName("CHAR", right), "charcoal");
     EXPECT_EQ(nearestName("watercolour", right), "water-color");
+    EXPECT_EQ(nearestName("iol", right), "oil");
+    EXPECT_EQ(nearestName("old", right), "");
     EXPECT_EQ(nearestName("sculpture", right), "");
     EXPECT_EQ(nearestName("xyz", right), "");
     EXPECT_EQ(nearestName("", right), "");

@@ -4,24 +4,12 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <optional>
 
 #include "host/error.h"
 #include "host/names.h"
 
 namespace brushworks::host {
 namespace {
-
-/// The whole of `text` as a finite number.
-std::optional<double> parseNumber(std::string_view text) {
-    if (text.starts_with('+')) text.remove_prefix(1);
-    double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(number)) {
-        return std::nullopt;
-    }
-    return number;
-}
 
 std::optional<EffectParam> parsePoint(std::string_view text) {
     const std::size_t comma = text.find(',');
@@ -118,13 +106,20 @@ std::string shortest(double number, Same same) {
 
 }  // namespace
 
+std::optional<double> parseNumber(std::string_view text) {
+    if (text.starts_with('+')) text.remove_prefix(1);
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(number)) {
+        return std::nullopt;
+    }
+    return number;
+}
+
 EffectParam parseValue(const ParameterInfo& parameter, std::string_view text) {
     if (const std::optional<EffectParam> value = parse(parameter, text)) return *value;
-    std::string message = parameter.address + " takes " + expectedText(parameter) + ", not \"" +
-                          std::string(text) + "\"";
-    const std::string nearest = nearestName(text, parameter.options);
-    if (!nearest.empty()) message += "; did you mean \"" + nearest + "\"?";
-    throw UsageError(message);
+    throw UsageError(parameter.address + " takes " + expectedText(parameter) + ", not \"" +
+                     std::string(text) + "\"" + didYouMean(text, parameter.options));
 }
 
 double displayValue(const ParameterInfo& slider, float position) {

@@ -2,12 +2,16 @@
 // as #rrggbb, check boxes as on and off, points as x,y.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "host/parameter_info.h"
 
 namespace brushworks::host {
+
+/// The whole of `text` as a finite number, or nothing.
+std::optional<double> parseNumber(std::string_view text);
 
 /// The value that `text` stands for; throws UsageError that tells the range or the options.
 EffectParam parseValue(const ParameterInfo& parameter, std::string_view text);

@@ -1,8 +1,8 @@
 # Debian packages that the scripts at the root need, and a function that sees to them.
 
 BUILD_PACKAGES="g++ make cmake pkg-config libcli11-dev nlohmann-json3-dev libtinyxml-dev libepoxy-dev libgl-dev
-    libavformat-dev libavcodec-dev libavutil-dev libswscale-dev"
-TEST_PACKAGES="libgtest-dev libgmock-dev git libegl1 libopengl0 libgl1-mesa-dri"
+    libavformat-dev libavcodec-dev libavfilter-dev libavutil-dev libswscale-dev"
+TEST_PACKAGES="libgtest-dev libgmock-dev git ffmpeg libegl1 libopengl0 libgl1-mesa-dri"
 LINT_PACKAGES="clang-format clang-tidy clang libclang-rt-14-dev"
 
 # ensure_packages NAME...: installs what is missing where apt-get may be used, else says what to install.

@@ -5,39 +5,67 @@
 #include <utility>
 
 namespace brushworks::tools {
+namespace {
+
+/// Counts on from the first layer's seed. The generator draws the same from 0 and from 1, so 0 is
+/// left out: no two layers in a row are alike.
+std::int32_t seedOf(std::int64_t layer, std::int32_t first) {
+    std::uint64_t seed = static_cast<std::uint64_t>(first) + static_cast<std::uint64_t>(layer);
+    if (first <= 0 && static_cast<std::int64_t>(seed) >= 0) ++seed;
+    return static_cast<std::int32_t>(seed);
+}
+
+media::Canvas uprightCanvas(const PaintSettings& settings) {
+    int width = settings.recordedWidth;
+    int height = settings.recordedHeight;
+    if (settings.orientation.swapsSides()) std::swap(width, height);
+    return media::Canvas(width, height, settings.deep);
+}
+
+}  // namespace
 
 FramePainter::FramePainter(host::Effect effect, const PaintSettings& settings)
     : m_effect(std::move(effect)),
       m_settings(settings),
-      m_uprightRaster(media::bgraRaster(settings.output.width, settings.output.height)),
-      m_pRecorded(
-          media::allocateFrame(media::bgraRaster(settings.recordedWidth, settings.recordedHeight))),
-      m_pPainted(media::allocateFrame(m_uprightRaster)) {
-    if (!settings.orientation.isUpright()) m_pUpright = media::allocateFrame(m_uprightRaster);
+      m_recorded(settings.recordedWidth, settings.recordedHeight, settings.deep),
+      m_painted(uprightCanvas(settings)) {
+    if (!settings.orientation.isUpright()) m_upright.emplace(uprightCanvas(settings));
 }
 
 media::FramePtr FramePainter::paint(NumberedFrame decoded) {
     const AVFrame& input = *decoded.frame;
     const bool fields = m_settings.render.fields || input.interlaced_frame != 0;
-    m_toBgra.convert(input, media::rasterOf(input), *m_pRecorded,
-                     media::bgraRaster(m_pRecorded->width, m_pRecorded->height), fields);
-    if (m_pUpright) media::turnUpright(*m_pRecorded, m_settings.orientation, *m_pUpright);
-    render(m_pUpright ? *m_pUpright : *m_pRecorded, *m_pPainted, decoded.number);
+    m_converter.read(input, m_recorded, fields);
+    if (m_upright) media::turn(m_recorded.view(), m_settings.orientation, m_upright->view());
+    render(m_upright ? *m_upright : m_recorded, decoded);
 
-    media::FramePtr output = media::allocateFrame(m_settings.output);
-    m_toOutput.convert(*m_pPainted, m_uprightRaster, *output, m_settings.output, fields);
+    media::FramePtr output = m_converter.write(stored(), m_settings.output, fields);
     media::copyDescription(input, *output);
-    output->sample_aspect_ratio = m_settings.render.pixelAspect;
+    output->sample_aspect_ratio = m_settings.outputAspect;
     return output;
 }
 
-void FramePainter::render(const AVFrame& source, AVFrame& destination, std::int64_t number) {
+void FramePainter::render(const media::Canvas& source, const NumberedFrame& decoded) {
+    for (const host::Animation& animation : m_settings.animations) {
+        m_effect.setValue(animation.parameter(), animation.valueAt(decoded.seconds));
+    }
     RenderSettings settings = m_settings.render;
-    settings.seed = static_cast<std::int32_t>(static_cast<std::uint32_t>(settings.seed) +
-                                              static_cast<std::uint32_t>(number));
-    if (renderFrame(m_effect, settings, source, destination)) return;
+    const std::int64_t layer = m_settings.hold > 0 ? decoded.number / m_settings.hold : 0;
+    settings.seed = seedOf(layer, settings.seed);
+    // Fields are rows of the recording; of a turned picture they are no rows any more.
+    if (decoded.frame->interlaced_frame != 0 && !m_upright) {
+        settings.fields = true;
+        settings.bottomFirst = decoded.frame->top_field_first == 0;
+    }
+    if (renderFrame(m_effect, settings, recordOf(source), recordOf(m_painted))) return;
     throw std::runtime_error("the effect " + m_effect.info().id + " could not render frame " +
-                             std::to_string(number));
+                             std::to_string(decoded.number));
+}
+
+const media::Canvas& FramePainter::stored() {
+    if (!m_upright || !m_settings.turnBack) return m_painted;
+    media::turn(m_painted.view(), m_settings.orientation.inverse(), m_recorded.view());
+    return m_recorded;
 }
 
 }  // namespace brushworks::tools

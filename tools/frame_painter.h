@@ -2,16 +2,22 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <vector>
 
+#include "host/animation.h"
+#include "media/canvas.h"
 #include "media/orientation.h"
 #include "media/raster.h"
 #include "render_frame.h"
 
 namespace brushworks::tools {
 
-/// A frame and its place in the video.
+/// A frame and its place in the video: what it is painted with depends on nothing else, so that a
+/// part of a video painted alone comes out as in the whole.
 struct NumberedFrame {
     std::int64_t number = 0;  ///< from 0
+    double seconds = 0;       ///< since the first frame
     media::FramePtr frame;
 };
 
@@ -19,9 +25,14 @@ struct NumberedFrame {
 struct PaintSettings {
     int recordedWidth = 0;  ///< of the frames as they are decoded
     int recordedHeight = 0;
-    media::Orientation orientation;
+    bool deep = false;               ///< they hold more than bytes
+    media::Orientation orientation;  ///< that makes them upright, as which they are painted
+    bool turnBack = false;           ///< the output notes the turn as the input does
     media::Raster output;
-    RenderSettings render;  ///< with the seed of the first frame; each further frame adds 1
+    AVRational outputAspect = {0, 1};  ///< of the output's pixels, 0/1 where not known
+    RenderSettings render;             ///< with the seed of the first frame
+    int hold = 0;                      ///< frames before the seed counts on; 0: it never does
+    std::vector<host::Animation> animations;
 };
 
 /// One worker, with an effect object of its own. [one thread at a time]
@@ -34,16 +45,16 @@ class FramePainter {
     media::FramePtr paint(NumberedFrame decoded);
 
   private:
-    void render(const AVFrame& source, AVFrame& destination, std::int64_t number);
+    void render(const media::Canvas& source, const NumberedFrame& decoded);
+    /// The painted canvas as the output stores it.
+    const media::Canvas& stored();
 
     host::Effect m_effect;
     PaintSettings m_settings;
-    media::Raster m_uprightRaster;
-    media::RasterConverter m_toBgra;
-    media::RasterConverter m_toOutput;
-    media::FramePtr m_pRecorded;
-    media::FramePtr m_pUpright;
-    media::FramePtr m_pPainted;
+    media::CanvasConverter m_converter;
+    media::Canvas m_recorded;
+    std::optional<media::Canvas> m_upright;  ///< where that is another picture
+    media::Canvas m_painted;
 };
 
 }  // namespace brushworks::tools

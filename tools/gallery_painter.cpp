@@ -43,7 +43,9 @@ JobResult paintPicture(const StillPicture& original, Job& job) {
     RenderSettings settings;
     if (original.squarePixels) settings.pixelAspect = {1, 1};
     const double start = processorSeconds();
-    if (!renderFrame(job.effect, settings, *source, *painted)) return std::nullopt;
+    if (!renderFrame(job.effect, settings, recordOf(*source), recordOf(*painted))) {
+        return std::nullopt;
+    }
     const double seconds = processorSeconds() - start;
     writeStill(*painted, job.path);
     return seconds;

@@ -3,13 +3,19 @@
 #include <cstdio>
 #include <exception>
 #include <iostream>
+#include <limits>
 
+#include "codecs_command.h"
+#include "command_table.h"
+#include "completion_command.h"
 #include "describe_command.h"
 #include "gallery_command.h"
 #include "gpu_command.h"
 #include "host/error.h"
 #include "host/library.h"
+#include "manual.h"
 #include "media/error.h"
+#include "misspelling.h"
 #include "paint_command.h"
 #include "preset_command.h"
 
@@ -46,41 +52,87 @@ void addInfo(CLI::App& app) {
     });
 }
 
+void addCodecs(CLI::App& app) {
+    CLI::App* codecs =
+        app.add_subcommand("codecs", "List the encoders of outputs and what their quality means");
+    codecs->callback([] { tools::listCodecs(std::cout); });
+}
+
 /// The options for what an effect starts from and what is set then; returns the one for a preset.
-CLI::Option* addValues(CLI::App& app, tools::EffectChoice& choice) {
+CLI::Option* addValues(CLI::App& app, tools::EffectChoice& choice, const std::string& more = "") {
     CLI::Option* preset =
-        app.add_option("-p,--preset", choice.preset, "Start from this preset of the effect");
+        app.add_option("-p,--preset", choice.preset, "Start from this preset of the effect")
+            ->type_name(tools::kPresetKind);
     app.add_option("-s,--set", choice.values,
-                   "Set a parameter, as 'info' names it; may be given again")
-        ->type_name("NAME=VALUE")
+                   "Set a parameter, as 'info' names it; may be given again" + more)
+        ->type_name(tools::kSettingKind)
         ->allow_extra_args(false);
     return preset;
+}
+
+void addEncoding(CLI::App& paint, media::EncodingChoice& choice) {
+    constexpr int kBestQuality = 100;
+    paint
+        .add_option("--codec", choice.codec,
+                    "Encoder of the output, such as h264, hevc, vp9, av1, prores, ffv1, or as "
+                    "FFmpeg names it; see 'codecs' (default: by the type of the output)")
+        ->type_name(tools::kCodecKind);
+    paint
+        .add_option("--quality", choice.quality,
+                    "Quality of a lossy output, 0 (small) to 100 (as good as the encoder can)")
+        ->type_name("N")
+        ->check(CLI::Range(0, kBestQuality));
+    paint
+        .add_option("--pix-fmt", choice.pixelFormat,
+                    "Pixel format of the output, as FFmpeg names it (default: the nearest to the "
+                    "input's that the encoder takes)")
+        ->type_name("FORMAT");
+    paint.add_flag("--lossless", choice.lossless, "Encode without any loss");
 }
 
 void addPaint(CLI::App& app) {
     CLI::App* paint = app.add_subcommand("paint", "Paint a picture or a video");
     const auto options = std::make_shared<tools::PaintOptions>();
-    paint->add_option("INPUT", options->input, "Picture or video to paint")->required();
+    paint
+        ->add_option("INPUT", options->input,
+                     "Picture or video to paint; - for YUV4MPEG2 on "
+                     "standard input")
+        ->required();
     tools::EffectChoice& choice = options->choice;
     paint->add_option("-e,--effect", choice.effect, "Id, display name or index of an effect")
+        ->type_name(tools::kEffectKind)
         ->required();
-    CLI::Option* preset = addValues(*paint, choice);
+    CLI::Option* preset = addValues(
+        *paint, choice,
+        ". NAME=VALUE@TIME,VALUE@TIME moves it over a video, such as size=10@0s,60@4s: times in s, "
+        "ms, f (frames) or h:m:s; ~ in place of the comma eases");
     paint->add_option("--preset-file", choice.presetFile, "Start from this preset file")
-        ->type_name("FILE")
+        ->type_name(tools::kFileKind)
         ->check(CLI::Validator(
             [](const std::string& name) { return name.empty() ? "it names no file" : ""; }, ""))
         ->excludes(preset);
     paint
         ->add_option("-o,--output", options->output,
                      "File to write; its extension tells the type: .png, .jpg, .tif, .webp, .ppm; "
-                     ".mp4, .mov, .mkv, .webm")
+                     ".mp4, .mov, .mkv, .webm, .gif, .avi, .y4m; - for YUV4MPEG2 on standard "
+                     "output")
+        ->type_name(tools::kFileKind)
         ->required();
+    addEncoding(*paint, options->encoding);
     paint->add_option("-j,--jobs", options->jobs, "Frames to render at once (default: all cores)")
+        ->type_name("N")
         ->check(CLI::Range(1, kMostJobs));
     paint
         ->add_option("--seed", options->seed,
-                     "Seed of random strokes; the frames of a video count on from it")
+                     "Seed of random strokes, the same for all frames unless --hold is given")
+        ->type_name("N")
         ->capture_default_str();
+    paint
+        ->add_option("--hold", options->hold,
+                     "Change random strokes every N frames of a video: the seed counts on there "
+                     "(default: they stay throughout)")
+        ->type_name("N")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()));
     paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
     paint->add_flag("-f,--force", options->force, "Replace an existing output");
     paint->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
@@ -95,12 +147,13 @@ void addPresetSave(CLI::App& preset) {
         ->required();
     addValues(*save, options->choice);
     save->add_option("--name", options->name,
-                     "Name of the saved preset (default: that of --preset, or else of the file)");
+                     "Name of the saved preset (default: that of --preset, or else of the file)")
+        ->type_name("NAME");
     save->add_option(
             "-o,--output", options->output,
             "File to write; hosts look for the extension of the effect, which a note tells "
             "where another is given")
-        ->type_name("FILE")
+        ->type_name(tools::kFileKind)
         ->required();
     save->add_flag("-f,--force", options->force, "Replace an existing file");
     save->callback([=] { tools::savePreset(loadLibrary(), *options); });
@@ -134,20 +187,23 @@ void addGallery(CLI::App& app) {
     gallery
         ->add_option("-o,--output", options->output,
                      "Folder to write; it must be new, empty or an older gallery")
-        ->type_name("FOLDER")
+        ->type_name(tools::kFolderKind)
         ->required();
     gallery
         ->add_option("-e,--effect", options->effects,
                      "Show this effect alone, by id, display name or index; may be given again")
+        ->type_name(tools::kEffectKind)
         ->allow_extra_args(false);
     gallery
         ->add_option("--width", options->width,
                      "Reduce wider pictures to this width before they are painted; strokes grow "
                      "with the height of a picture, so the look stays")
+        ->type_name("N")
         ->check(CLI::Range(16, 16384))
         ->capture_default_str();
     gallery
         ->add_option("-j,--jobs", options->jobs, "Pictures to paint at once (default: all cores)")
+        ->type_name("N")
         ->check(CLI::Range(1, kMostJobs));
     gallery->add_flag("-f,--force", options->force, "Replace an older gallery");
     gallery->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
@@ -161,6 +217,31 @@ void addGpu(CLI::App& app) {
     gpu->add_flag("--hardware", options->hardware, "Look for a graphics card alone");
     gpu->add_flag("--json", options->json, "Write JSON");
     gpu->callback([=] { tools::describeGpu(loadLibrary(), *options, std::cout); });
+}
+
+void addCompletion(CLI::App& app) {
+    CLI::App* completion =
+        app.add_subcommand("completion",
+                           "Print the script by which a shell completes; installed ones are loaded "
+                           "by themselves");
+    const auto shell = std::make_shared<std::string>();
+    tools::limitTo(completion->add_option("SHELL", *shell, "Shell to print it for")->required(),
+                   tools::completionShells());
+    completion->callback([=] { tools::writeCompletionScript(*shell, std::cout); });
+
+    // What the scripts ask; the words of a half typed line are nothing to parse.
+    CLI::App* answer = app.add_subcommand("complete", "Answer a script of 'completion'");
+    answer->group("")->set_help_flag();
+    answer->prefix_command();
+    answer->callback([&app, answer] {
+        tools::answerCompletion(app, loadLibrary, answer->remaining(), std::cout);
+    });
+}
+
+void addManual(CLI::App& app) {
+    CLI::App* manual =
+        app.add_subcommand("manual", "Print the manual page, to read with 'man -l -'");
+    manual->callback([&app] { tools::writeManual(app, loadLibrary(), std::cout); });
 }
 
 int fail(const std::exception& error, int status) {
@@ -177,13 +258,21 @@ int run(int count, char** arguments) {
     addPaint(app);
     addPreset(app);
     addGallery(app);
+<<<<<<< HEAD
     addGpu(app);
+=======
+    addCodecs(app);
+    addCompletion(app);
+    addManual(app);
+>>>>>>> comfort
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.
         std::cout.flush();
         return std::cout ? 0 : fail(std::runtime_error("cannot write the output"), kFailed);
     } catch (const CLI::ParseError& error) {
+        const std::string unknown = error.get_exit_code() != 0 ? tools::unknownWord(app) : "";
+        if (!unknown.empty()) return fail(host::UsageError(unknown), kWrongUsage);
         return app.exit(error) == 0 ? 0 : kWrongUsage;
     } catch (const host::UsageError& error) {
         return fail(error, kWrongUsage);

@@ -1,8 +1,8 @@
 // Puts the pieces together: reader, painters on their threads, writer.
 #include "paint_command.h"
 
-#include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 
 #include "frame_painter.h"
@@ -14,6 +14,7 @@
 #include "notes.h"
 #include "ordered_pool.h"
 #include "output_file.h"
+#include "paint_plan.h"
 #include "progress.h"
 
 namespace brushworks::tools {
@@ -36,55 +37,10 @@ void checkKinds(const media::Reader& reader, const media::OutputFormat& format,
         "; its output must end in one of " + media::extensionList(reader.isPicture()));
 }
 
-PaintSettings paintSettings(const PaintOptions& options, const media::OutputFormat& format,
-                            const media::Reader& reader, const AVFrame& first) {
-    PaintSettings settings;
-    settings.recordedWidth = first.width;
-    settings.recordedHeight = first.height;
-    settings.orientation = reader.orientation(first);
-    int width = first.width;
-    int height = first.height;
-    AVRational aspect = reader.sampleAspect(first);
-    if (settings.orientation.swapsSides()) {
-        std::swap(width, height);
-        if (aspect.num > 0) std::swap(aspect.num, aspect.den);
-    }
-    settings.output = media::outputRaster(format, media::rasterOf(first), width, height);
-    settings.render = {aspect, options.seed, options.fields};
-    return settings;
-}
-
-media::VideoSettings videoSettings(const PaintSettings& paint, const media::Reader& reader,
-                                   const AVFrame& first) {
-    const media::Raster decoded = media::rasterOf(first);
-    media::VideoSettings settings;
-    settings.raster = paint.output;
-    settings.timeBase = reader.timeBase();
-    settings.frameRate = reader.frameRate();
-    settings.pixelAspect = paint.render.pixelAspect;
-    settings.primaries = first.color_primaries;
-    settings.transfer = first.color_trc;
-    // What was open in the input stays open, unless the matrix is one that we chose.
-    settings.tagMatrix = first.colorspace == decoded.matrix || decoded.matrix == AVCOL_SPC_RGB;
-    settings.tagRange = first.color_range == decoded.range || decoded.matrix == AVCOL_SPC_RGB;
-    settings.interlaced = first.interlaced_frame != 0;
-    settings.metadata = reader.metadata();
-    settings.streamMetadata = reader.video().metadata;
-    return settings;
-}
-
-void tellLosses(const Notes& note, const media::Reader& reader, const media::OutputFormat& format,
-                const PaintSettings& settings, const AVFrame& first) {
-    for (const std::string& stream : reader.leftOut()) note("left out: " + stream);
-    const auto decoded = static_cast<AVPixelFormat>(first.format);
-    if (media::hasAlpha(decoded) && !format.keepAlpha) {
-        note(std::string(".") + format.extension + " has no room for transparency; it is left out");
-    }
-    if (!format.picture && settings.output.format == AV_PIX_FMT_YUV444P) {
-        note("the size " + std::to_string(settings.output.width) + "x" +
-             std::to_string(settings.output.height) +
-             " is odd; encoding with full colour resolution (4:4:4)");
-    }
+/// 0 where the file does not say.
+double framesPerSecond(const media::Reader& reader) {
+    const AVRational rate = reader.frameRate();
+    return rate.num > 0 ? av_q2d(rate) : 0;
 }
 
 std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSettings& settings,
@@ -98,15 +54,20 @@ std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSet
     return workers;
 }
 
+NumberedFrame numbered(const media::Reader& reader, std::int64_t number, media::FramePtr frame) {
+    const double seconds = frame ? reader.secondsOf(*frame) : 0;
+    return {number, seconds, std::move(frame)};
+}
+
 /// Runs all frames through the pool, in order, with the copied packets beside them.
 void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media::Writer& writer,
                  Progress& progress) {
-    NumberedFrame next = {0, std::move(first)};
+    NumberedFrame next = numbered(reader, 0, std::move(first));
     for (;;) {
         while (next.frame && pool.hasRoom()) {
             const std::int64_t number = next.number;
             pool.submit(std::move(next));
-            next = {number + 1, reader.next()};
+            next = numbered(reader, number + 1, reader.next());
             for (const media::PacketPtr& packet : reader.takePackets()) writer.writePacket(*packet);
         }
         if (pool.empty()) return;
@@ -120,25 +81,32 @@ void paintFrames(media::Reader& reader, media::FramePtr first, Pool& pool, media
 void paint(const host::Library& library, const PaintOptions& options) {
     media::captureLog();
     const Notes note(options.quiet);
-    const host::Effect effect = openEffect(library, options.choice);
     const media::OutputFormat& format = media::outputFormatOf(options.output);
     refuseSameFile(options);
-    OutputFile file(options.output, options.force);
+    std::optional<OutputFile> file;  // a pipe needs none
+    if (options.output != "-") file.emplace(options.output, options.force);
 
     media::Reader reader(options.input);
     checkKinds(reader, format, options);
+    ChosenEffect chosen = chooseEffect(library, options.choice, framesPerSecond(reader));
     media::FramePtr first = reader.next();
-    const PaintSettings settings = paintSettings(options, format, reader, *first);
-    tellLosses(note, reader, format, settings, *first);
+    const RenderSettings render = {.seed = options.seed, .fields = options.fields};
+    PaintPlan plan = makePlan(reader, *first, format, options.encoding, render);
+    plan.paint.hold = options.hold;
+    plan.paint.animations = std::move(chosen.animations);
+    if (format.picture && !plan.paint.animations.empty()) {
+        plan.notes.push_back("a picture has no time; values that move stand as they are at 0s");
+    }
+    for (const std::string& text : plan.notes) note(text);
 
-    media::Writer writer(file.temporaryPath(), format, videoSettings(settings, reader, *first),
-                         reader.copiedStreams());
+    media::Writer writer(file ? file->temporaryPath() : options.output, format, plan.video,
+                         plan.companions);
     const int jobs = format.picture ? 1 : jobCount(options.jobs);
     Progress progress(reader.expectedFrames(), {"frames", "fps"}, options.quiet || format.picture);
-    Pool pool(makeWorkers(effect, settings, jobs), static_cast<std::size_t>(jobs) * 2);
+    Pool pool(makeWorkers(chosen.effect, plan.paint, jobs), static_cast<std::size_t>(jobs) * 2);
     paintFrames(reader, std::move(first), pool, writer, progress);
     writer.finish();
-    file.commit();
+    if (file) file->commit();
 }
 
 }  // namespace brushworks::tools

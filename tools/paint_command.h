@@ -6,15 +6,18 @@
 
 #include "effect_choice.h"
 #include "host/library.h"
+#include "media/encoder.h"
 
 namespace brushworks::tools {
 
 struct PaintOptions {
-    std::string input;
-    std::string output;
+    std::string input;   ///< "-" for standard input
+    std::string output;  ///< "-" for standard output
     EffectChoice choice;
-    int jobs = 0;  ///< frames rendered at once, 0 for as many as there are cores
-    std::int32_t seed = 0;
+    media::EncodingChoice encoding;
+    int jobs = 0;           ///< frames rendered at once, 0 for as many as there are cores
+    std::int32_t seed = 0;  ///< of random strokes
+    int hold = 0;           ///< frames before the strokes change; 0: they never do
     bool fields = false;
     bool force = false;
     bool quiet = false;

@@ -38,7 +38,8 @@ Pixels rendered(host::Effect& effect, Pixels source, int width, int height,
 TEST_F(PaintPicture, RendersWithPresetAndValues) {
     testing::makeColors(path("in.png"), 37, 23);
     const Result result =
-        paint("in.png", "out.png", {"-p", "subdued", "-s", "COLOR=30", "-s", "dither=option b"});
+        paint("in.png", "out.png",
+              {"-p", "subdued", "-s", "COLOR=30@0s,90@2s", "-s", "dither=option b", "--quiet"});
     ASSERT_EQ(result.status, 0) << result.err;
     EXPECT_THAT(result.out + result.err, IsEmpty());
     host::Effect effect = host::Library::load().open("posterize");

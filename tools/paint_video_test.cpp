@@ -74,9 +74,9 @@ TEST_F(PaintVideo, WritesEveryTypeFromEveryType) {
 }
 
 TEST_F(PaintVideo, KeepsOddSizesAndSaysHow) {
-    makeClip(path("in.mkv"), {.width = 67, .height = 35, .frames = 4});
-    for (const char* out : {"out.mp4", "out.webm"}) {
-        const Result result = paint("in.mkv", out);
+    makeClip(path("in.webm"), {.width = 67, .height = 35, .frames = 4});
+    for (const char* out : {"out.mp4", "o.webm"}) {
+        const Result result = paint("in.webm", out);
         ASSERT_EQ(result.status, 0) << result.err;
         const Content content = contentOf(path(out));
         EXPECT_EQ(content.width, 67);
@@ -92,6 +92,20 @@ TEST_F(PaintVideo, PaintsFields) {
     const Result result = paint("in.mp4", "out.mp4", {"--fields"});
     ASSERT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(contentOf(path("out.mp4")).numbers, countTo(6));
+}
+
+TEST_F(PaintVideo, MovesValuesByTheTimesOfFrames) {
+    // From all white to all black at a mark that a file's milliseconds come a hair too early for.
+    // Of two settings the later one counts: the contrast stays.
+    makeClip(path("in.mkv"), {.frames = 12, .frameRate = {30000, 1001}});
+    const Result result =
+        run({"paint", "in.mkv", "-e", "pencil-rubbing", "-s", "contrast=-100@0s", "-s",
+             "contrast=0", "-s", "brightness=100@6f,-100@7f", "-o", "out.mkv", "--jobs", "3"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    std::vector<int> expected(12, 0);
+    std::fill_n(expected.begin(), 7, 255);
+    EXPECT_EQ(contentOf(path("out.mkv")).numbers, expected);
+    EXPECT_EQ(paint("in.mkv", "wrong.mkv", {"-s", "color=1@0s,2@4x"}).status, 2);
 }
 
 TEST_F(PaintVideo, RefusesSoundThatTheOutputCannotHold) {

@@ -186,6 +186,7 @@ TEST_F(PresetCommand, SavesWithoutATraceWhereItFails) {
     expectFailure({"oil", "-o", "a", "-p", "Drak"}, 2, "did you mean \"Dark\"?");
     expectFailure({"oil", "-o", "a", "-s", "Blend=101"}, 2, "a number from");
     expectFailure({"oil", "-o", "a", "-s", "Blend"}, 2, "NAME=VALUE");
+    expectFailure({"oil", "-o", "a", "-s", "Blend=1@0s,2@1s"}, 2, "a value without @TIME");
     expectFailure({"oil", "-o", "a", "--name", "\x1B[2J"}, 2, "the name of the preset, \"?[2J\"");
     expectFailure({"oil", "-o", "kept.fxpbwkh", "-f", "--name", std::string(260, 'x')}, 2,
                   "at most 259 bytes");

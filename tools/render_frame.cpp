@@ -8,15 +8,20 @@ namespace {
 
 constexpr std::int16_t kFieldModeField = 2;
 
-FrameParams recordOf(const AVFrame& frame) {
-    return host::frameParams(frame.data[0], frame.width, frame.height, frame.linesize[0],
+}  // namespace
+
+FrameParams recordOf(const media::Canvas& canvas) {
+    return host::frameParams(canvas.pixels(), canvas.width(), canvas.height(), canvas.rowBytes(),
+                             canvas.isDeep() ? PixelFormatBGRA32f : PixelFormatBGRA8);
+}
+
+FrameParams recordOf(const AVFrame& bgra) {
+    return host::frameParams(bgra.data[0], bgra.width, bgra.height, bgra.linesize[0],
                              PixelFormatBGRA8);
 }
 
-}  // namespace
-
-bool renderFrame(host::Effect& effect, const RenderSettings& settings, const AVFrame& source,
-                 AVFrame& destination) {
+bool renderFrame(host::Effect& effect, const RenderSettings& settings, const FrameParams& source,
+                 const FrameParams& destination) {
     RenderInfo info = {};
     info.dwFlags = kRenderHasFieldMode;
     info.nFieldMode = settings.fields ? kFieldModeField : kFieldModeFrame;
@@ -25,14 +30,13 @@ bool renderFrame(host::Effect& effect, const RenderSettings& settings, const AVF
         info.dwFlags |= kRenderHasPixelAspect;
         info.dPixelAspect = av_q2d(settings.pixelAspect);
     }
-    const FrameParams whole = recordOf(source);
-    const FrameParams painted = recordOf(destination);
-    if (!settings.fields) return effect.render(whole, painted, info);
-    for (int field = 0; field < 2; ++field) {
-        const FrameParams rows = host::fieldOf(whole, field);
+    if (!settings.fields) return effect.render(source, destination, info);
+    const int first = settings.bottomFirst ? 1 : 0;
+    for (const int field : {first, 1 - first}) {
+        const FrameParams rows = host::fieldOf(source, field);
         // A picture of one row has no second field.
         if (rows.nHeight == 0) continue;
-        if (!effect.render(rows, host::fieldOf(painted, field), info)) return false;
+        if (!effect.render(rows, host::fieldOf(destination, field), info)) return false;
     }
     return true;
 }

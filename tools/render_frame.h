@@ -1,10 +1,12 @@
-// One render of a frame in the effect's layout, whole or field by field.
+// One render of a picture, whole or field by field.
 #pragma once
 
 #include <cstdint>
 
+#include "brushworks/frame.h"
 #include "host/effect.h"
 #include "media/av.h"
+#include "media/canvas.h"
 
 namespace brushworks::tools {
 
@@ -13,11 +15,16 @@ struct RenderSettings {
     AVRational pixelAspect = {0, 1};  ///< width of a pixel over its height, 0/1 where not known
     std::int32_t seed = 0;            ///< of random strokes
     bool fields = false;              ///< render the two fields of the frame each for itself
+    bool bottomFirst = false;         ///< the field of the lower rows is the earlier one
 };
 
-/// Renders `source` into `destination`, both of media::bgraRaster and of one size. False when the
-/// effect rendered nothing useful.
-bool renderFrame(host::Effect& effect, const RenderSettings& settings, const AVFrame& source,
-                 AVFrame& destination);
+/// The pixels of a canvas, and of a frame of media::bgraRaster.
+FrameParams recordOf(const media::Canvas& canvas);
+FrameParams recordOf(const AVFrame& bgra);
+
+/// Renders `source` into `destination`, both of one layout and size. False when the effect rendered
+/// nothing useful.
+bool renderFrame(host::Effect& effect, const RenderSettings& settings, const FrameParams& source,
+                 const FrameParams& destination);
 
 }  // namespace brushworks::tools

@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <utility>
 
+#include "media/encoder.h"
 #include "media/orientation.h"
 #include "media/output_format.h"
+#include "media/output_raster.h"
 #include "media/raster.h"
 #include "media/reader.h"
 #include "media/writer.h"
@@ -58,7 +60,7 @@ StillPicture readStill(const std::string& path, int maxWidth) {
                                      /*fields=*/false);
     if (!orientation.isUpright()) {
         media::FramePtr turned = media::allocateFrame(raster);
-        media::turnUpright(*picture.frame, orientation, *turned);
+        media::turn(media::viewOf(*picture.frame), orientation, media::viewOf(*turned));
         picture.frame = std::move(turned);
     }
     picture.fullWidth = full.width;
@@ -82,11 +84,12 @@ void writeStill(const AVFrame& bgra, const std::string& path) {
     const media::OutputFormat& format = media::outputFormatOf(path);
     const media::Raster raster = media::bgraRaster(bgra.width, bgra.height);
     media::VideoSettings settings;
-    settings.raster = media::outputRaster(format, raster, bgra.width, bgra.height);
+    settings.encoding = media::chooseEncoding(format, {}, raster.format);
+    settings.raster = media::outputRaster(settings.encoding, raster, bgra.width, bgra.height);
     const media::FramePtr coded = media::allocateFrame(settings.raster);
     media::RasterConverter().convert(bgra, raster, *coded, settings.raster, /*fields=*/false);
     coded->pts = 0;
-    media::Writer writer(path, format, settings, {});
+    media::Writer writer(path, format, settings);
     writer.writeFrame(*coded);
     writer.finish();
 }

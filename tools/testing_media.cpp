@@ -2,6 +2,7 @@
 #include "testing_media.h"
 
 extern "C" {
+#include <libavutil/imgutils.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -9,8 +10,10 @@ extern "C" {
 #include <cstring>
 #include <fstream>
 
+#include "media/encoder.h"
 #include "media/log.h"
 #include "media/output_format.h"
+#include "media/output_raster.h"
 #include "media/raster.h"
 #include "media/reader.h"
 #include "media/writer.h"
@@ -79,9 +82,10 @@ void writePicture(const std::string& path, const AVFrame& bgra) {
     captureLog();
     const OutputFormat& format = outputFormatOf(path);
     VideoSettings settings;
-    settings.raster =
-        outputRaster(format, bgraRaster(bgra.width, bgra.height), bgra.width, bgra.height);
-    Writer writer(path, format, settings, {});
+    settings.encoding = chooseEncoding(format, {}, AV_PIX_FMT_BGRA);
+    settings.raster = outputRaster(settings.encoding, bgraRaster(bgra.width, bgra.height),
+                                   bgra.width, bgra.height);
+    Writer writer(path, format, settings);
     const FramePtr frame = coded(bgra, settings.raster);
     frame->pts = 0;
     writer.writeFrame(*frame);
@@ -115,24 +119,25 @@ void makeClip(const std::string& path, const Clip& clip) {
     settings.frameRate = clip.frameRate;
     settings.pixelAspect = clip.pixelAspect;
     // RGB as the source: the writer then chooses matrix and range.
-    settings.raster =
-        outputRaster(format, bgraRaster(clip.width, clip.height), clip.width, clip.height);
+    settings.encoding = chooseEncoding(format, {}, AV_PIX_FMT_BGR0);
+    const Raster source = {AV_PIX_FMT_BGR0, clip.width, clip.height, AVCOL_SPC_RGB};
+    settings.raster = outputRaster(settings.encoding, source, clip.width, clip.height);
 
     InputPtr sound;
-    std::vector<const AVStream*> copied;
+    Companions companions;
     if (clip.sound) {
         AVFormatContext* input = nullptr;
         const std::string wave = makeSound(path + ".wav", clip.frames * av_q2d(settings.timeBase));
         check(avformat_open_input(&input, fileUrl(wave).c_str(), nullptr, nullptr), "sound");
         sound.reset(input);
-        copied.push_back(input->streams[0]);
+        companions.streams.push_back(input->streams[0]);
     }
-    Writer writer(path, format, settings, copied);
+    Writer writer(path, format, settings, companions);
     for (int number = 0; number < clip.frames; ++number) {
         const FramePtr bgra = drawn(clip.width, clip.height,
                                     [&](int x, int) { return barColor(number, x, clip.width); });
         const FramePtr frame = coded(*bgra, settings.raster);
-        frame->pts = number;
+        frame->pts = clip.uneven ? number * (number + 1) / 2 : number;
         frame->pkt_duration = 1;
         writer.writeFrame(*frame);
     }
@@ -155,6 +160,52 @@ void makeColors(const std::string& path, int width, int height) {
                      const auto mixed = static_cast<std::uint32_t>(x * 7 + y * 131) * 2654435761U;
                      return mixed >> 8 | 0xFF000000;
                  }));
+}
+
+void makeNoise(const std::string& path, const std::string& pixelFormat, bool bottomFirst) {
+    captureLog();
+    const OutputFormat& format = outputFormatOf(path);
+    const AVPixelFormat samples = av_get_pix_fmt(pixelFormat.c_str());
+    const bool yuv = isYuv(samples);
+    const Raster source = {samples, 48, 32, yuv ? AVCOL_SPC_SMPTE170M : AVCOL_SPC_RGB,
+                           yuv ? AVCOL_RANGE_MPEG : AVCOL_RANGE_JPEG};
+    VideoSettings settings;
+    settings.encoding = chooseEncoding(format, {.lossless = true}, samples);
+    settings.raster = outputRaster(settings.encoding, source, 48, 32, pixelFormat);
+    settings.frameRate = {25, 1};
+    if (bottomFirst) settings.fields = FieldOrder::BottomFirst;
+    Writer writer(path, format, settings);
+    const Raster deep = {AV_PIX_FMT_RGBA64, 48, 32, AVCOL_SPC_RGB, AVCOL_RANGE_JPEG};
+    for (std::uint32_t number = 0; number < (format.picture ? 1U : 3U); ++number) {
+        const FramePtr noise = allocateFrame(deep);
+        for (std::uint32_t i = 0; i < 32U * static_cast<std::uint32_t>(noise->linesize[0]); ++i) {
+            noise->data[0][i] = static_cast<std::uint8_t>((i + number) * 2654435761U >> 24);
+        }
+        const FramePtr frame = allocateFrame(settings.raster);
+        RasterConverter().convert(*noise, deep, *frame, settings.raster, false);
+        frame->pts = number;
+        frame->interlaced_frame = bottomFirst ? 1 : 0;
+        writer.writeFrame(*frame);
+    }
+    writer.finish();
+}
+
+Samples samplesOf(const std::string& path) {
+    captureLog();
+    Reader reader(path);
+    Samples samples;
+    while (const FramePtr frame = reader.next()) {
+        const auto format = static_cast<AVPixelFormat>(frame->format);
+        samples.format = av_get_pix_fmt_name(format);
+        samples.interlaced = frame->interlaced_frame != 0;
+        samples.bottomFirst = samples.interlaced && frame->top_field_first == 0;
+        const int size = av_image_get_buffer_size(format, frame->width, frame->height, 1);
+        samples.bytes.resize(samples.bytes.size() + static_cast<std::size_t>(size));
+        av_image_copy_to_buffer(samples.bytes.data() + samples.bytes.size() - size, size,
+                                frame->data, frame->linesize, format, frame->width, frame->height,
+                                1);
+    }
+    return samples;
 }
 
 Content contentOf(const std::string& path) {

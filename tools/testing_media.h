@@ -20,6 +20,7 @@ struct Clip {
     bool sound = false;
     AVRational frameRate = {25, 1};
     AVRational pixelAspect = {1, 1};
+    bool uneven = false;  ///< each frame stays one tick longer than the one before
 };
 
 /// A video; `path` ends in one of the extensions that can be written. Sound needs .mkv.
@@ -30,6 +31,19 @@ void makePicture(const std::string& path, int width, int height, bool alpha);
 
 /// A picture of all colours with fine detail.
 void makeColors(const std::string& path, int width, int height);
+
+/// Noise in samples of this pixel format, without loss: a picture, or three frames of a video.
+/// `bottomFirst` are interlaced.
+void makeNoise(const std::string& path, const std::string& pixelFormat, bool bottomFirst = false);
+
+/// All samples of a file as they are decoded.
+struct Samples {
+    std::string format;
+    std::vector<std::uint8_t> bytes;  ///< of all frames, without padding
+    bool interlaced = false;
+    bool bottomFirst = false;
+};
+Samples samplesOf(const std::string& path);
 
 /// What a test wants to know of a file.
 struct Content {

@@ -56,6 +56,10 @@ class Dictionary {
     Dictionary& operator=(const Dictionary&) = delete;
     void set(const char* key, const char* value) { av_dict_set(&m_pDict, key, value, 0); }
     void set(const char* key, int64_t value) { av_dict_set_int(&m_pDict, key, value, 0); }
+    /// Adds "name=value,name=value".
+    void parse(const char* text) {
+        if (av_dict_parse_string(&m_pDict, text, "=", ",", 0) < 0) throw std::bad_alloc();
+    }
     AVDictionary** pointer() { return &m_pDict; }
 
   private:

@@ -2,6 +2,7 @@
 // held and note the turn beside it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "media/av.h"
@@ -18,13 +19,29 @@ struct Orientation {
 
     bool isUpright() const { return *this == Orientation{}; }
     bool swapsSides() const { return rightX == 0; }
+    /// The turn back.
+    Orientation inverse() const { return {rightX, downX, rightY, downY}; }
     bool operator==(const Orientation&) const = default;
+};
+
+/// Packed pixels in memory that someone else owns.
+struct PixelView {
+    std::uint8_t* data;
+    int width;
+    int height;
+    std::ptrdiff_t span;  ///< bytes from one row to the next
+    int bytes;            ///< of a pixel: 4 or 16
 };
 
 /// From a display matrix of nine numbers; upright for null and for turns by other angles.
 Orientation orientationOf(const std::int32_t* displayMatrix);
 
-/// Writes `recorded` upright into `upright`. Both have four bytes per pixel, and sizes that fit.
-void turnUpright(const AVFrame& recorded, const Orientation& orientation, AVFrame& upright);
+/// The pixels of a frame of media::bgraRaster.
+inline PixelView viewOf(const AVFrame& bgra) {
+    return {bgra.data[0], bgra.width, bgra.height, bgra.linesize[0], 4};
+}
+
+/// Writes `source` turned into `target`. Both have the same pixels, and sizes that fit.
+void turn(const PixelView& source, const Orientation& orientation, const PixelView& target);
 
 }  // namespace brushworks::media

@@ -16,24 +16,6 @@ constexpr int kNeutral = 1 << 16;  ///< of contrast and saturation
 constexpr int kScalerFlags =
     SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP | SWS_BITEXACT;
 
-/// The format without the old mark of full range, which Raster::range tells.
-AVPixelFormat unmarked(AVPixelFormat format) {
-    switch (format) {
-        case AV_PIX_FMT_YUVJ411P:
-            return AV_PIX_FMT_YUV411P;
-        case AV_PIX_FMT_YUVJ420P:
-            return AV_PIX_FMT_YUV420P;
-        case AV_PIX_FMT_YUVJ422P:
-            return AV_PIX_FMT_YUV422P;
-        case AV_PIX_FMT_YUVJ440P:
-            return AV_PIX_FMT_YUV440P;
-        case AV_PIX_FMT_YUVJ444P:
-            return AV_PIX_FMT_YUV444P;
-        default:
-            return format;
-    }
-}
-
 bool isRgb(AVPixelFormat format) {
     return (av_pix_fmt_desc_get(format)->flags & (AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL)) != 0;
 }
@@ -63,7 +45,62 @@ Rows rowsOf(const AVFrame& frame, int field, int step) {
     return rows;
 }
 
+/// Where the bytes of a frame's alpha stand; without data where it is not made of bytes.
+struct AlphaBytes {
+    std::uint8_t* data = nullptr;
+    std::ptrdiff_t span = 0;
+    std::ptrdiff_t step = 0;
+};
+
+AlphaBytes alphaOf(const AVFrame& frame, AVPixelFormat format) {
+    constexpr int kByte = 8;
+    const AVPixFmtDescriptor& description = *av_pix_fmt_desc_get(format);
+    const bool table = (description.flags & AV_PIX_FMT_FLAG_PAL) != 0;
+    const AVComponentDescriptor& alpha = description.comp[description.nb_components - 1];
+    if (table || !hasAlpha(format) || alpha.depth != kByte) return {};
+    return {frame.data[alpha.plane] + alpha.offset, frame.linesize[alpha.plane], alpha.step};
+}
+
+/// Scalers round alpha as they do colours, and dither it; bytes need neither.
+void copyAlpha(const AVFrame& source, const Raster& from, const AVFrame& target, const Raster& to) {
+    const AlphaBytes in = alphaOf(source, from.format);
+    const AlphaBytes out = alphaOf(target, to.format);
+    const bool sameSize = from.width == to.width && from.height == to.height;
+    if (in.data == nullptr || out.data == nullptr || !sameSize) return;
+    for (int y = 0; y < to.height; ++y) {
+        const std::uint8_t* alpha = in.data + y * in.span;
+        std::uint8_t* copy = out.data + y * out.span;
+        for (int x = 0; x < to.width; ++x) copy[x * out.step] = alpha[x * in.step];
+    }
+}
+
 }  // namespace
+
+AVPixelFormat unmarked(AVPixelFormat format) {
+    switch (format) {
+        case AV_PIX_FMT_YUVJ411P:
+            return AV_PIX_FMT_YUV411P;
+        case AV_PIX_FMT_YUVJ420P:
+            return AV_PIX_FMT_YUV420P;
+        case AV_PIX_FMT_YUVJ422P:
+            return AV_PIX_FMT_YUV422P;
+        case AV_PIX_FMT_YUVJ440P:
+            return AV_PIX_FMT_YUV440P;
+        case AV_PIX_FMT_YUVJ444P:
+            return AV_PIX_FMT_YUV444P;
+        default:
+            return format;
+    }
+}
+
+bool isYuv(AVPixelFormat format) {
+    return !isRgb(format) && av_pix_fmt_desc_get(format)->nb_components >= 3;
+}
+
+AVColorSpace usualMatrix(int width, int height) {
+    const bool large = width >= 1280 || height > 576;
+    return large ? AVCOL_SPC_BT709 : AVCOL_SPC_SMPTE170M;
+}
 
 Raster rasterOf(const AVFrame& frame) {
     const auto format = static_cast<AVPixelFormat>(frame.format);
@@ -75,8 +112,7 @@ Raster rasterOf(const AVFrame& frame) {
     }
     if (raster.matrix == AVCOL_SPC_UNSPECIFIED || raster.matrix == AVCOL_SPC_RGB ||
         raster.matrix == AVCOL_SPC_RESERVED) {
-        const bool large = frame.width >= 1280 || frame.height > 576;
-        raster.matrix = large ? AVCOL_SPC_BT709 : AVCOL_SPC_SMPTE170M;
+        raster.matrix = usualMatrix(frame.width, frame.height);
     }
     if (unmarked(format) != format) raster.range = AVCOL_RANGE_JPEG;
     if (raster.range == AVCOL_RANGE_UNSPECIFIED) {
@@ -154,6 +190,7 @@ void RasterConverter::convert(const AVFrame& source, const Raster& from, AVFrame
         check(sws_scale(m_pScaler.get(), in.data, in.stride, 0, fromRows.height, data, out.stride),
               "cannot convert pixels");
     }
+    copyAlpha(source, from, target, to);
 }
 
 }  // namespace brushworks::media

@@ -24,6 +24,12 @@ Raster rasterOf(const AVFrame& frame);
 Raster bgraRaster(int width, int height);
 
 bool hasAlpha(AVPixelFormat format);
+/// Whether the samples are brightness and colour differences, not red, green and blue or grey.
+bool isYuv(AVPixelFormat format);
+/// The format without the old mark of full range, which Raster::range tells.
+AVPixelFormat unmarked(AVPixelFormat format);
+/// The matrix that players take where a file tells none.
+AVColorSpace usualMatrix(int width, int height);
 
 /// A frame of that raster with its buffers.
 FramePtr allocateFrame(const Raster& raster);

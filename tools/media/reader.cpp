@@ -30,6 +30,17 @@ bool bearsFrameThreads(AVCodecID codec) {
            codec == AV_CODEC_ID_VP9;
 }
 
+/// The decoder that gives all that a stream holds: FFmpeg's own for VP8 and VP9 leave alpha out.
+const AVCodec* decoderOf(const AVStream& stream, const AVCodec* usual) {
+    const AVDictionaryEntry* alpha = av_dict_get(stream.metadata, "alpha_mode", nullptr, 0);
+    if (alpha == nullptr || std::string_view(alpha->value) != "1") return usual;
+    const AVCodecID id = stream.codecpar->codec_id;
+    if (id != AV_CODEC_ID_VP8 && id != AV_CODEC_ID_VP9) return usual;
+    const AVCodec* whole =
+        avcodec_find_decoder_by_name(id == AV_CODEC_ID_VP8 ? "libvpx" : "libvpx-vp9");
+    return whole != nullptr ? whole : usual;
+}
+
 /// Whether the file's own index tells of data behind the end of the file.
 bool indexPassesEnd(AVStream* stream, std::int64_t fileSize) {
     const int count = avformat_index_get_entries_count(stream);
@@ -42,23 +53,11 @@ bool indexPassesEnd(AVStream* stream, std::int64_t fileSize) {
 
 }  // namespace
 
-Reader::Reader(const std::string& path) : m_sPath(path) {
-    const std::string failure = "cannot read " + path;
-    AVIOContext* io = nullptr;
-    check(avio_open(&io, fileUrl(path).c_str(), AVIO_FLAG_READ), failure);
-    m_pIo.reset(io);
-    if (avio_size(io) == 0) throw MediaError(failure + ": it is empty");
-    if (endsEarly(*io)) failDamaged("the file is cut short");
-
-    // No name goes with the data: the type is known by content alone, and no pattern of a name
-    // makes FFmpeg look for other files.
-    AVFormatContext* input = avformat_alloc_context();
-    if (input == nullptr) throw std::bad_alloc();
-    input->pb = io;
-    takeLastError();
-    m_errorsAtStart = loggedErrors();
-    check(avformat_open_input(&input, "", nullptr, nullptr), failure);
-    m_pInput.reset(input);
+Reader::Reader(const std::string& path)
+    : m_sPath(path == "-" ? "standard input" : path), m_bPipe(path == "-") {
+    const std::string failure = "cannot read " + m_sPath;
+    openInput(path);
+    AVFormatContext* input = m_pInput.get();
     m_bPicture = readsPictures(*input->iformat);
     check(avformat_find_stream_info(input, nullptr), failure);
 
@@ -66,10 +65,11 @@ Reader::Reader(const std::string& path) : m_sPath(path) {
     m_nVideo = av_find_best_stream(input, AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);
     const bool cover = m_nVideo >= 0 && (video().disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
     if (m_nVideo < 0 || cover) throw MediaError(failure + ": it has no picture and no video");
-    chooseCopied();
-    openDecoder(codec);
-    for (unsigned int i = 0; i < input->nb_streams; ++i) {
-        if (indexPassesEnd(input->streams[i], avio_size(io))) failDamaged("the file is cut short");
+    skipOtherVideo();
+    openDecoder(decoderOf(video(), codec));
+    for (unsigned int i = 0; i < input->nb_streams && !m_bPipe; ++i) {
+        const bool early = indexPassesEnd(input->streams[i], avio_size(m_pIo.get()));
+        if (early) failDamaged("the file is cut short");
     }
 
     // Broadcast streams count their time from anywhere; files from their beginning.
@@ -79,14 +79,33 @@ Reader::Reader(const std::string& path) : m_sPath(path) {
     m_errorsAtStart.decoder = loggedErrors().decoder;
 }
 
-void Reader::chooseCopied() {
-    m_copied.assign(m_pInput->nb_streams, false);
+void Reader::openInput(const std::string& path) {
+    const std::string failure = "cannot read " + m_sPath;
+    AVIOContext* io = nullptr;
+    check(avio_open(&io, m_bPipe ? "pipe:0" : fileUrl(path).c_str(), AVIO_FLAG_READ), failure);
+    m_pIo.reset(io);
+    if (!m_bPipe && avio_size(io) == 0) throw MediaError(failure + ": it is empty");
+    if (!m_bPipe && endsEarly(*io)) failDamaged("the file is cut short");
+
+    // No name goes with the data: the type is known by content alone, and no pattern of a name
+    // makes FFmpeg look for other files.
+    AVFormatContext* input = avformat_alloc_context();
+    if (input == nullptr) throw std::bad_alloc();
+    input->pb = io;
+    takeLastError();
+    m_errorsAtStart = loggedErrors();
+    const AVInputFormat* format = m_bPipe ? av_find_input_format("yuv4mpegpipe") : nullptr;
+    check(avformat_open_input(&input, "", format, nullptr),
+          m_bPipe ? failure + " as YUV4MPEG2" : failure);
+    m_pInput.reset(input);
+}
+
+void Reader::skipOtherVideo() {
     for (unsigned int i = 0; i < m_pInput->nb_streams; ++i) {
         AVStream* stream = m_pInput->streams[i];
-        const AVCodecParameters& codec = *stream->codecpar;
-        m_copied[i] = codec.codec_type == AVMEDIA_TYPE_AUDIO && codec.codec_id != AV_CODEC_ID_NONE;
-        const bool used = m_copied[i] || static_cast<int>(i) == m_nVideo;
-        stream->discard = used ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+        const bool other =
+            stream->codecpar->codec_type == AVMEDIA_TYPE_VIDEO && static_cast<int>(i) != m_nVideo;
+        stream->discard = other ? AVDISCARD_ALL : AVDISCARD_DEFAULT;
     }
 }
 
@@ -131,6 +150,7 @@ void Reader::feedDecoder() {
     if (m_pIo->error < 0) failDamaged(reason(m_pIo->error));
     if (result == AVERROR_EOF) packet.reset();
 
+    if (m_bPipe) checkPipe(packet.get());
     if (!packet || packet->stream_index == m_nVideo) {
         if (packet && (packet->flags & AV_PKT_FLAG_CORRUPT) != 0) {
             failDamaged("a frame is cut short");
@@ -143,8 +163,8 @@ void Reader::feedDecoder() {
         if (sent < 0) failDamaged(reason(sent));
         return;
     }
-    if (!m_copied[packet->stream_index]) return;
-    if ((packet->flags & AV_PKT_FLAG_CORRUPT) != 0) failDamaged("its sound is cut short");
+    if ((packet->flags & AV_PKT_FLAG_CORRUPT) != 0)
+        failDamaged("a packet of stream " + std::to_string(packet->stream_index) + " is cut short");
     if (m_nShift != 0) {
         const AVRational base = m_pInput->streams[packet->stream_index]->time_base;
         const std::int64_t shift = av_rescale_q(m_nShift, kMicroseconds, base);
@@ -152,6 +172,14 @@ void Reader::feedDecoder() {
         if (packet->dts != AV_NOPTS_VALUE) packet->dts += shift;
     }
     m_packets.push_back(std::move(packet));
+}
+
+void Reader::checkPipe(const AVPacket* packet) {
+    if (packet != nullptr) m_nReadTo = packet->pos + packet->size;
+    // Its demuxer takes a frame that is cut short for the end.
+    if (packet == nullptr && avio_tell(m_pIo.get()) != m_nReadTo) {
+        failDamaged("a frame is cut short");
+    }
 }
 
 void Reader::checkFrame(const AVFrame& frame) const {
@@ -187,28 +215,32 @@ void Reader::failDamaged(const std::string& how) const {
     throw MediaError(m_sPath + " is damaged or incomplete: " + how);
 }
 
-std::vector<const AVStream*> Reader::copiedStreams() const {
+std::vector<const AVStream*> Reader::otherStreams() const {
     std::vector<const AVStream*> streams;
-    for (std::size_t i = 0; i < m_copied.size(); ++i) {
-        if (m_copied[i]) streams.push_back(m_pInput->streams[i]);
+    for (unsigned int i = 0; i < m_pInput->nb_streams; ++i) {
+        if (static_cast<int>(i) != m_nVideo) streams.push_back(m_pInput->streams[i]);
     }
     return streams;
 }
 
-std::vector<std::string> Reader::leftOut() const {
-    std::vector<std::string> words;
-    for (std::size_t i = 0; i < m_copied.size(); ++i) {
-        if (m_copied[i] || static_cast<int>(i) == m_nVideo) continue;
-        const AVCodecParameters& codec = *m_pInput->streams[i]->codecpar;
-        const char* type = av_get_media_type_string(codec.codec_type);
-        words.push_back(std::string(type != nullptr ? type : "unknown data") + " (" +
-                        avcodec_get_name(codec.codec_id) + ")");
+double Reader::secondsOf(const AVFrame& frame) const {
+    std::int64_t start = 0;
+    if (video().start_time != AV_NOPTS_VALUE) {
+        start = video().start_time + av_rescale_q(m_nShift, kMicroseconds, timeBase());
     }
-    return words;
+    return static_cast<double>(frame.pts - start) * timeBase().num / timeBase().den;
 }
 
 AVRational Reader::frameRate() const {
     return av_guess_frame_rate(m_pInput.get(), m_pInput->streams[m_nVideo], nullptr);
+}
+
+bool Reader::variesRate() const {
+    const AVRational average = video().avg_frame_rate;
+    if (m_bPicture || average.num <= 0 || frameRate().num <= 0) return false;
+    // Averages over clips are often off by one frame.
+    constexpr double kTolerance = 0.02;
+    return std::abs(av_q2d(average) / av_q2d(frameRate()) - 1) > kTolerance;
 }
 
 AVRational Reader::sampleAspect(const AVFrame& frame) const {

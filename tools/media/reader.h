@@ -14,10 +14,10 @@
 
 namespace brushworks::media {
 
-/// One input file. [one thread at a time]
+/// One input file, or YUV4MPEG2 on standard input. [one thread at a time]
 class Reader {
   public:
-    /// Opens the file; throws MediaError.
+    /// Opens the file, or standard input for "-"; throws MediaError.
     explicit Reader(const std::string& path);
 
     /// One picture; otherwise a video.
@@ -28,19 +28,22 @@ class Reader {
     FramePtr next();
 
     /// The packets to be copied that have been read by the way, in their order, since the last
-    /// call. Their stream_index is an index of streams().
+    /// call. Their stream_index is that of a stream of input().
     std::deque<PacketPtr> takePackets() { return std::exchange(m_packets, {}); }
 
     /// The stream that next() decodes.
     const AVStream& video() const { return *m_pInput->streams[m_nVideo]; }
-    /// The streams whose packets are handed out.
-    std::vector<const AVStream*> copiedStreams() const;
-    /// What is in the file and will not be handed out, in words: "subtitles (subrip)".
-    std::vector<std::string> leftOut() const;
-    const AVDictionary* metadata() const { return m_pInput->metadata; }
+    /// All others: packets are handed out of those that hold any.
+    std::vector<const AVStream*> otherStreams() const;
+    /// The input itself, for its metadata and chapters.
+    const AVFormatContext& input() const { return *m_pInput; }
 
+    /// The time of a frame since the video's first one, in seconds.
+    double secondsOf(const AVFrame& frame) const;
     AVRational timeBase() const { return video().time_base; }
     AVRational frameRate() const;
+    /// Whether frames follow each other at different intervals.
+    bool variesRate() const;
     /// Width of a pixel over its height, or 0/1 where the file does not say.
     AVRational sampleAspect(const AVFrame& frame) const;
     Orientation orientation(const AVFrame& frame) const;
@@ -48,26 +51,29 @@ class Reader {
     std::int64_t expectedFrames() const;
 
   private:
+    void openInput(const std::string& path);
     void openDecoder(const AVCodec* codec);
-    void chooseCopied();
+    void skipOtherVideo();
     void feedDecoder();
+    void checkPipe(const AVPacket* packet);
     void checkFrame(const AVFrame& frame) const;
     void checkReadToEnd() const;
     void fixTimes(AVFrame& frame);
     [[noreturn]] void failDamaged(const std::string& how) const;
 
-    std::string m_sPath;
-    IoPtr m_pIo;  ///< outlives the input that reads through it
+    std::string m_sPath;  ///< as messages name it
+    IoPtr m_pIo;          ///< outlives the input that reads through it
     InputPtr m_pInput;
     CodecPtr m_pDecoder;
     int m_nVideo = -1;
     bool m_bPicture = false;
-    std::vector<bool> m_copied;  ///< by stream
+    bool m_bPipe = false;
     std::deque<PacketPtr> m_packets;
     LoggedErrors m_errorsAtStart;
     std::int64_t m_nFrames = 0;
     std::int64_t m_nShift = 0;  ///< added to all times, in AV_TIME_BASE units
     std::int64_t m_nNextTime = 0;
+    std::int64_t m_nReadTo = 0;  ///< the byte behind the last packet of the pipe
 };
 
 }  // namespace brushworks::media

@@ -7,56 +7,64 @@
 #include <vector>
 
 #include "media/av.h"
+#include "media/encoder.h"
 #include "media/output_format.h"
 #include "media/raster.h"
 
 namespace brushworks::media {
 
+/// How the fields of a frame follow each other.
+enum class FieldOrder { Progressive, TopFirst, BottomFirst };
+
 /// What the written picture or video stream is like.
 struct VideoSettings {
+    Encoding encoding;
     Raster raster;
     AVRational timeBase = {1, 25};    ///< of the frames' times
     AVRational frameRate = {0, 1};    ///< 0/1 where it is not known
     AVRational pixelAspect = {0, 1};  ///< 0/1 where it is not known
     AVColorPrimaries primaries = AVCOL_PRI_UNSPECIFIED;
     AVColorTransferCharacteristic transfer = AVCOL_TRC_UNSPECIFIED;
+    AVChromaLocation chromaLocation = AVCHROMA_LOC_UNSPECIFIED;
     bool tagMatrix = true;  ///< false where the input left its matrix open
     bool tagRange = true;   ///< likewise the range
-    bool interlaced = false;
-    const AVDictionary* metadata = nullptr;        ///< of the file, or null
-    const AVDictionary* streamMetadata = nullptr;  ///< of the video stream, or null
+    FieldOrder fields = FieldOrder::Progressive;
 };
 
-/// The raster that `format` is written with, when frames like `decoded` are turned to `width` by
-/// `height`.
-Raster outputRaster(const OutputFormat& format, const Raster& decoded, int width, int height);
+/// What is copied beside the frames.
+struct Companions {
+    const AVFormatContext* input = nullptr;  ///< for metadata and chapters, or null
+    const AVStream* video = nullptr;         ///< the input's that is painted, or null
+    bool keepTurn = false;                   ///< its note of how it is to be turned is copied too
+    std::vector<const AVStream*> streams;    ///< whose packets follow
+};
 
 /// One output file. Nothing is whole until finish() has returned. [one thread at a time]
 class Writer {
   public:
-    /// Opens the file at `path` and writes its head. `copied` are streams of an input whose packets
-    /// will follow.
+    /// Opens the file at `path`, or standard output for "-", and writes its head.
     Writer(const std::string& path, const OutputFormat& format, const VideoSettings& settings,
-           const std::vector<const AVStream*>& copied);
+           const Companions& companions = {});
 
     /// Adds a frame of the settings' raster; its times grow from frame to frame.
     void writeFrame(AVFrame& frame);
-    /// Adds a packet of a copied stream.
+    /// Adds a packet of the input; those of streams that are not copied go nowhere.
     void writePacket(AVPacket& packet);
     /// Writes what encoder and muxer still hold, and closes the file.
     void finish();
 
   private:
     void openEncoder(const OutputFormat& format, const VideoSettings& settings);
-    void addVideoStream(const VideoSettings& settings);
-    void addCopiedStream(const AVStream& source);
+    void addVideoStream(const VideoSettings& settings, const Companions& companions);
+    void addCompanions(const OutputFormat& format, const Companions& companions);
+    void writeHead(const OutputFormat& format, const std::string& url, const std::string& failure);
     void drainEncoder();
 
-    std::string m_sPath;
     IoPtr m_pIo;
     OutputPtr m_pOutput;
     CodecPtr m_pEncoder;
     AVStream* m_pVideo = nullptr;
+    AVRational m_timeBase;                             ///< of the frames that come
     std::map<int, AVStream*> m_copies;                 ///< by stream index of the input
     std::map<int, AVRational> m_inputBases;            ///< likewise
     std::map<std::int64_t, std::int64_t> m_durations;  ///< of frames in the encoder, by time
