@@ -258,13 +258,10 @@ int run(int count, char** arguments) {
     addPaint(app);
     addPreset(app);
     addGallery(app);
-<<<<<<< HEAD
-    addGpu(app);
-=======
     addCodecs(app);
+    addGpu(app);
     addCompletion(app);
     addManual(app);
->>>>>>> comfort
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.
