@@ -133,10 +133,20 @@ void addPaint(CLI::App& app) {
                      "(default: they stay throughout)")
         ->type_name("N")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+    const auto gpu = std::make_shared<std::string>();
+    tools::limitTo(
+        paint->add_flag("--gpu{any}", *gpu,
+                        "Render on the graphics card or, without one, with OpenGL on the "
+                        "processor; =hardware wants a graphics card, =auto goes on without "
+                        "OpenGL where it cannot render the effect"),
+        tools::gpuWords());
     paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
     paint->add_flag("-f,--force", options->force, "Replace an existing output");
     paint->add_flag("-q,--quiet", options->quiet, "No progress, no notes");
-    paint->callback([=] { tools::paint(loadLibrary(), *options); });
+    paint->callback([=] {
+        options->gpu = tools::gpuUseOf(*gpu);
+        tools::paint(loadLibrary(), *options);
+    });
 }
 
 void addPresetSave(CLI::App& preset) {

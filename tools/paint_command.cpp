@@ -44,10 +44,10 @@ double framesPerSecond(const media::Reader& reader) {
 }
 
 std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSettings& settings,
-                                      int jobs) {
+                                      const std::shared_ptr<FrameRenderer>& renderer, int jobs) {
     std::vector<Pool::Worker> workers;
     for (int i = 0; i < jobs; ++i) {
-        const auto painter = std::make_shared<FramePainter>(effect.clone(), settings);
+        const auto painter = std::make_shared<FramePainter>(effect.clone(), settings, renderer);
         workers.emplace_back(
             [painter](NumberedFrame frame) { return painter->paint(std::move(frame)); });
     }
@@ -98,12 +98,15 @@ void paint(const host::Library& library, const PaintOptions& options) {
         plan.notes.push_back("a picture has no time; values that move stand as they are at 0s");
     }
     for (const std::string& text : plan.notes) note(text);
+    const std::shared_ptr<FrameRenderer> renderer = chooseRenderer(
+        options.gpu, chosen.effect, plan.paint.recordedWidth, plan.paint.recordedHeight, note);
 
     media::Writer writer(file ? file->temporaryPath() : options.output, format, plan.video,
                          plan.companions);
     const int jobs = format.picture ? 1 : jobCount(options.jobs);
     Progress progress(reader.expectedFrames(), {"frames", "fps"}, options.quiet || format.picture);
-    Pool pool(makeWorkers(chosen.effect, plan.paint, jobs), static_cast<std::size_t>(jobs) * 2);
+    Pool pool(makeWorkers(chosen.effect, plan.paint, renderer, jobs),
+              static_cast<std::size_t>(jobs) * 2);
     paintFrames(reader, std::move(first), pool, writer, progress);
     writer.finish();
     if (file) file->commit();

@@ -7,6 +7,7 @@
 #include "effect_choice.h"
 #include "host/library.h"
 #include "media/encoder.h"
+#include "renderer_choice.h"
 
 namespace brushworks::tools {
 
@@ -18,6 +19,7 @@ struct PaintOptions {
     int jobs = 0;           ///< frames rendered at once, 0 for as many as there are cores
     std::int32_t seed = 0;  ///< of random strokes
     int hold = 0;           ///< frames before the strokes change; 0: they never do
+    GpuUse gpu = GpuUse::None;
     bool fields = false;
     bool force = false;
     bool quiet = false;
