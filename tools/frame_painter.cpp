@@ -24,8 +24,10 @@ media::Canvas uprightCanvas(const PaintSettings& settings) {
 
 }  // namespace
 
-FramePainter::FramePainter(host::Effect effect, const PaintSettings& settings)
-    : m_effect(std::move(effect)),
+FramePainter::FramePainter(host::Effect effect, const PaintSettings& settings,
+                           std::shared_ptr<FrameRenderer> renderer)
+    : m_pRenderer(std::move(renderer)),
+      m_effect(std::move(effect)),
       m_settings(settings),
       m_recorded(settings.recordedWidth, settings.recordedHeight, settings.deep),
       m_painted(uprightCanvas(settings)),
@@ -61,9 +63,10 @@ void FramePainter::render(const media::Canvas& source, const NumberedFrame& deco
         settings.fields = true;
         settings.bottomFirst = decoded.frame->top_field_first == 0;
     }
-    if (renderFrame(m_effect, settings, recordOf(source), recordOf(m_painted))) return;
+    if (renderFrame(*m_pRenderer, m_effect, settings, recordOf(source), recordOf(m_painted)))
+        return;
     throw std::runtime_error("the effect " + m_effect.info().id + " could not render frame " +
-                             std::to_string(decoded.number));
+                             std::to_string(decoded.number) + m_pRenderer->withWhat());
 }
 
 const media::Canvas& FramePainter::stored() {

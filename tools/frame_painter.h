@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -37,10 +38,12 @@ struct PaintSettings {
     KeptHalf keptHalf = KeptHalf::None;
 };
 
-/// One worker, with an effect object of its own. [one thread at a time]
+/// One worker, with an effect object of its own and a renderer that it shares. [one thread at a
+/// time]
 class FramePainter {
   public:
-    FramePainter(host::Effect effect, const PaintSettings& settings);
+    FramePainter(host::Effect effect, const PaintSettings& settings,
+                 std::shared_ptr<FrameRenderer> renderer);
 
     /// The painted frame, ready for the encoder. Throws std::runtime_error when the effect cannot
     /// render it.
@@ -51,6 +54,7 @@ class FramePainter {
     /// The painted canvas as the output stores it.
     const media::Canvas& stored();
 
+    std::shared_ptr<FrameRenderer> m_pRenderer;
     host::Effect m_effect;
     PaintSettings m_settings;
     media::CanvasConverter m_converter;

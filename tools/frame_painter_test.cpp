@@ -25,15 +25,20 @@ media::FramePtr stillFrame() {
     return frame;
 }
 
-/// Six frames of one picture, painted: for each the first frame that it is like.
-std::vector<int> firstAlike(const host::Effect& effect, int hold, std::int32_t seed = 0) {
+PaintSettings settingsOfStill() {
     PaintSettings settings;
     settings.recordedWidth = kWidth;
     settings.recordedHeight = kHeight;
     settings.output = media::bgraRaster(kWidth, kHeight);
+    return settings;
+}
+
+/// Six frames of one picture, painted: for each the first frame that it is like.
+std::vector<int> firstAlike(const host::Effect& effect, int hold, std::int32_t seed = 0) {
+    PaintSettings settings = settingsOfStill();
     settings.render.seed = seed;
     settings.hold = hold;
-    FramePainter painter(effect.clone(), settings);
+    FramePainter painter(effect.clone(), settings, std::make_shared<ProcessorRenderer>());
     std::vector<std::vector<std::uint8_t>> pictures;
     std::vector<int> alike;
     for (int number = 0; number < 6; ++number) {
@@ -60,6 +65,31 @@ TEST(FramePainter, KeepsAStillPictureStillUnlessFreeStrokesAreToChange) {
     EXPECT_THAT(firstAlike(effect, 2), ElementsAre(0, 0, 2, 2, 4, 4));
     for (const std::int32_t seed : {0, -2, std::numeric_limits<std::int32_t>::max()}) {
         EXPECT_THAT(firstAlike(effect, 1, seed), ElementsAre(0, 1, 2, 3, 4, 5)) << seed;
+    }
+}
+
+/// A card that is lost after two frames.
+class LostCard final : public FrameRenderer {
+  public:
+    bool render(host::Effect&, const FrameParams&, const FrameParams&, const RenderInfo&) override {
+        return m_nFrames++ < 2;
+    }
+    std::string withWhat() const override { return " with a card"; }
+
+  private:
+    int m_nFrames = 0;
+};
+
+TEST(FramePainter, TellsWhichFrameTheCardCouldNotRender) {
+    FramePainter painter(host::Library::load().open("posterize"), settingsOfStill(),
+                         std::make_shared<LostCard>());
+    painter.paint({0, 0, stillFrame()});
+    painter.paint({1, 0.04, stillFrame()});
+    try {
+        painter.paint({2, 0.08, stillFrame()});
+        ADD_FAILURE() << "it went on";
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(error.what(), "the effect posterize could not render frame 2 with a card");
     }
 }
 

@@ -42,7 +42,8 @@ JobResult paintPicture(const StillPicture& original, Job& job) {
     RenderSettings settings;
     if (original.squarePixels) settings.pixelAspect = {1, 1};
     const double start = processorSeconds();
-    if (!renderFrame(job.effect, settings, recordOf(*source), recordOf(*painted))) {
+    ProcessorRenderer renderer;
+    if (!renderFrame(renderer, job.effect, settings, recordOf(*source), recordOf(*painted))) {
         return std::nullopt;
     }
     const double seconds = processorSeconds() - start;

@@ -168,10 +168,20 @@ void addPaint(CLI::App& app) {
         ->type_name("N")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()));
     addLook(*paint, *options);
+    const auto gpu = std::make_shared<std::string>();
+    tools::limitTo(
+        paint->add_flag("--gpu{any}", *gpu,
+                        "Render on the graphics card or, without one, with OpenGL on the "
+                        "processor; =hardware wants a graphics card, =auto goes on without "
+                        "OpenGL where there is none or it cannot render the effect"),
+        tools::gpuWords());
     paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
     paint->add_flag("-f,--force", options->force, "Replace an existing output");
     addTalk(*paint, options->quiet, options->progress);
-    paint->callback([=] { tools::paint(loadLibrary(), *options, std::cout); });
+    paint->callback([=] {
+        options->gpu = tools::gpuUseOf(*gpu);
+        tools::paint(loadLibrary(), *options, std::cout);
+    });
 }
 
 void addPresetSave(CLI::App& preset) {
@@ -296,8 +306,8 @@ int run(int count, char** arguments) {
     addPaint(app);
     addPreset(app);
     addGallery(app);
-    addGpu(app);
     addCodecs(app);
+    addGpu(app);
     addCompletion(app);
     addManual(app);
     try {

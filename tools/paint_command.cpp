@@ -44,10 +44,10 @@ void checkKinds(const media::Reader& reader, const media::OutputFormat& format,
 }
 
 std::vector<Pool::Worker> makeWorkers(const host::Effect& effect, const PaintSettings& settings,
-                                      int jobs) {
+                                      const std::shared_ptr<FrameRenderer>& renderer, int jobs) {
     std::vector<Pool::Worker> workers;
     for (int i = 0; i < jobs; ++i) {
-        const auto painter = std::make_shared<FramePainter>(effect.clone(), settings);
+        const auto painter = std::make_shared<FramePainter>(effect.clone(), settings, renderer);
         workers.emplace_back(
             [painter](NumberedFrame frame) { return painter->paint(std::move(frame)); });
     }
@@ -137,6 +137,8 @@ void paint(const host::Library& library, const PaintOptions& options, std::ostre
     const PaintPlan plan = planned(options, reader, *first, format, chosen);
     for (const std::string& text : plan.notes) note(text);
     if (options.dryRun) return dryRun(options, reader, *first, chosen, format, plan, out);
+    const std::shared_ptr<FrameRenderer> renderer = chooseRenderer(
+        options.gpu, chosen.effect, plan.paint.recordedWidth, plan.paint.recordedHeight, note);
 
     media::Writer writer(file ? file->temporaryPath() : options.output, format, plan.video,
                          plan.companions);
@@ -144,7 +146,8 @@ void paint(const host::Library& library, const PaintOptions& options, std::ostre
     FrameSource source(reader, std::move(first), plan.seconds);
     Progress progress(source.expectedFrames(), {"frames", "fps", "frame", "fps"},
                       progressStyleOf(options, format));
-    Pool pool(makeWorkers(chosen.effect, plan.paint, jobs), static_cast<std::size_t>(jobs) * 2);
+    Pool pool(makeWorkers(chosen.effect, plan.paint, renderer, jobs),
+              static_cast<std::size_t>(jobs) * 2);
     paintFrames(source, pool, writer, progress);
     writer.finish();
     if (file) file->commit();

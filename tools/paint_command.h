@@ -8,6 +8,7 @@
 #include "effect_choice.h"
 #include "host/library.h"
 #include "media/encoder.h"
+#include "renderer_choice.h"
 
 namespace brushworks::tools {
 
@@ -24,6 +25,7 @@ struct PaintOptions {
     std::string progress;   ///< one of progressStyleNames(), or ""
     bool preview = false;   ///< small, and the start of a video
     bool dryRun = false;    ///< nothing is painted or written
+    GpuUse gpu = GpuUse::None;
     bool fields = false;
     bool force = false;
     bool quiet = false;

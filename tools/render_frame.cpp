@@ -20,8 +20,8 @@ FrameParams recordOf(const AVFrame& bgra) {
                              PixelFormatBGRA8);
 }
 
-bool renderFrame(host::Effect& effect, const RenderSettings& settings, const FrameParams& source,
-                 const FrameParams& destination) {
+bool renderFrame(FrameRenderer& renderer, host::Effect& effect, const RenderSettings& settings,
+                 const FrameParams& source, const FrameParams& destination) {
     RenderInfo info = {};
     info.dwFlags = kRenderHasFieldMode;
     info.nFieldMode = settings.fields ? kFieldModeField : kFieldModeFrame;
@@ -30,13 +30,13 @@ bool renderFrame(host::Effect& effect, const RenderSettings& settings, const Fra
         info.dwFlags |= kRenderHasPixelAspect;
         info.dPixelAspect = av_q2d(settings.pixelAspect);
     }
-    if (!settings.fields) return effect.render(source, destination, info);
+    if (!settings.fields) return renderer.render(effect, source, destination, info);
     const int first = settings.bottomFirst ? 1 : 0;
     for (const int field : {first, 1 - first}) {
         const FrameParams rows = host::fieldOf(source, field);
         // A picture of one row has no second field.
         if (rows.nHeight == 0) continue;
-        if (!effect.render(rows, host::fieldOf(destination, field), info)) return false;
+        if (!renderer.render(effect, rows, host::fieldOf(destination, field), info)) return false;
     }
     return true;
 }

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "brushworks/frame.h"
-#include "host/effect.h"
+#include "frame_renderer.h"
 #include "media/av.h"
 #include "media/canvas.h"
 
@@ -24,7 +24,7 @@ FrameParams recordOf(const AVFrame& bgra);
 
 /// Renders `source` into `destination`, both of one layout and size. False when the effect rendered
 /// nothing useful.
-bool renderFrame(host::Effect& effect, const RenderSettings& settings, const FrameParams& source,
-                 const FrameParams& destination);
+bool renderFrame(FrameRenderer& renderer, host::Effect& effect, const RenderSettings& settings,
+                 const FrameParams& source, const FrameParams& destination);
 
 }  // namespace brushworks::tools

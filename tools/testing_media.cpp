@@ -190,20 +190,23 @@ void makeNoise(const std::string& path, const std::string& pixelFormat, bool bot
     writer.finish();
 }
 
+void appendSamples(const AVFrame& frame, std::vector<std::uint8_t>& bytes) {
+    const auto format = static_cast<AVPixelFormat>(frame.format);
+    const int size = av_image_get_buffer_size(format, frame.width, frame.height, 1);
+    bytes.resize(bytes.size() + static_cast<std::size_t>(size));
+    av_image_copy_to_buffer(bytes.data() + bytes.size() - size, size, frame.data, frame.linesize,
+                            format, frame.width, frame.height, 1);
+}
+
 Samples samplesOf(const std::string& path) {
     captureLog();
     Reader reader(path);
     Samples samples;
     while (const FramePtr frame = reader.next()) {
-        const auto format = static_cast<AVPixelFormat>(frame->format);
-        samples.format = av_get_pix_fmt_name(format);
+        samples.format = av_get_pix_fmt_name(static_cast<AVPixelFormat>(frame->format));
         samples.interlaced = frame->interlaced_frame != 0;
         samples.bottomFirst = samples.interlaced && frame->top_field_first == 0;
-        const int size = av_image_get_buffer_size(format, frame->width, frame->height, 1);
-        samples.bytes.resize(samples.bytes.size() + static_cast<std::size_t>(size));
-        av_image_copy_to_buffer(samples.bytes.data() + samples.bytes.size() - size, size,
-                                frame->data, frame->linesize, format, frame->width, frame->height,
-                                1);
+        appendSamples(*frame, samples.bytes);
     }
     return samples;
 }

@@ -43,6 +43,8 @@ struct Samples {
     bool interlaced = false;
     bool bottomFirst = false;
 };
+/// Appends those of a frame.
+void appendSamples(const AVFrame& frame, std::vector<std::uint8_t>& bytes);
 Samples samplesOf(const std::string& path);
 
 /// What a test wants to know of a file.

@@ -153,13 +153,12 @@ Context::Context(const ContextOptions& options) {
         m_pDisplay = display;
         m_pContext = context;
         m_description = describe();
-        std::string lacking = whatIsLacking();
-        if (lacking.empty() && options.requireHardware && !m_description.hardware) {
-            lacking = "a graphics card";
-        }
-        if (lacking.empty()) return;
-        refused +=
-            "; " + m_description.renderer + " (" + m_description.version + ") lacks " + lacking;
+        const std::string lacking = whatIsLacking();
+        const bool wrongKind = options.requireHardware && !m_description.hardware;
+        if (lacking.empty() && !wrongKind) return;
+        refused += "; " + m_description.renderer +
+                   (wrongKind ? " is no graphics card"
+                              : " (" + m_description.version + ") lacks " + lacking);
         release();
         eglDestroyContext(m_pDisplay, m_pContext);
     }

@@ -174,7 +174,10 @@ void RasterConverter::prepare(const Raster& from, const Raster& to) {
 
 void RasterConverter::convert(const AVFrame& source, const Raster& from, AVFrame& target,
                               const Raster& to, bool fields) {
-    const bool split = fields && fieldsSplit(from) && fieldsSplit(to);
+    // Samples that stay as they are belong to their rows anyway; and of every second row the scaler
+    // copies whole strides, past the end of the frame.
+    const bool kept = from.format == to.format;
+    const bool split = fields && !kept && fieldsSplit(from) && fieldsSplit(to);
     const int step = split ? 2 : 1;
     Raster fromRows = from;
     Raster toRows = to;
