@@ -12,22 +12,21 @@ uniform float fPosAdjustment;
 varying vec2 vRT;
 
 // The weight of a texel k steps away is
-// exp(k * k * fPosScale + difference * difference * fValScale + fPosAdjustment). All four channels
-// count alike, since the pass is not told which of them is alpha. Outside the region its outermost
-// texels are repeated.
+// exp(k * k * fPosScale + difference * difference * fValScale + fPosAdjustment), for each channel by
+// its own difference, as the processor has it. Outside the region its outermost texels are repeated.
 void bilateral(vec2 axis) {
     vec2 index = texelIndexUnder(Texture0, vRT);
     vec4 centre = texture2D(Texture0_texture, texelAt(Texture0, index));
     // Differences are summed: they are small numbers, and the centre's own is none.
     vec4 sum = vec4(0.0);
-    float weights = exp(fPosAdjustment);
+    vec4 weights = vec4(exp(fPosAdjustment));
     for (int i = 1; i <= nKernelHalfSize; ++i) {
         float k = float(i);
         float position = k * k * fPosScale + fPosAdjustment;
         vec4 before = texture2D(Texture0_texture, texelAt(Texture0, index - k * axis)) - centre;
         vec4 behind = texture2D(Texture0_texture, texelAt(Texture0, index + k * axis)) - centre;
-        float weightBefore = exp(position + fValScale * dot(before, before));
-        float weightBehind = exp(position + fValScale * dot(behind, behind));
+        vec4 weightBefore = exp(position + fValScale * before * before);
+        vec4 weightBehind = exp(position + fValScale * behind * behind);
         sum += weightBefore * before + weightBehind * behind;
         weights += weightBefore + weightBehind;
     }
