@@ -24,10 +24,22 @@ void* OpenGL() {
     return library;
 }
 
-/// The lookup of the platform that the host made its context with: whichever is in the process.
+/// The lookup of the platform that the host made its context with: whichever is in the process. A
+/// host may have loaded it for itself alone, so it is asked for by name.
 GetProcAddress PlatformLookup() {
-    for (const char* name : {"eglGetProcAddress", "glXGetProcAddressARB"})
-        if (void* found = dlsym(RTLD_DEFAULT, name)) return reinterpret_cast<GetProcAddress>(found);
+    struct Platform {
+        const char *library, *function;
+    };
+    constexpr Platform kPlatforms[] = {{"libEGL.so.1", "eglGetProcAddress"},
+                                       {"libGLX.so.0", "glXGetProcAddressARB"},
+                                       {"libGL.so.1", "glXGetProcAddressARB"}};
+    for (const Platform& platform : kPlatforms) {
+        void* loaded = dlopen(platform.library, RTLD_LAZY | RTLD_NOLOAD);
+        if (!loaded) continue;
+        void* found = dlsym(loaded, platform.function);
+        dlclose(loaded);  // the host's own reference holds it
+        if (found) return reinterpret_cast<GetProcAddress>(found);
+    }
     return nullptr;
 }
 

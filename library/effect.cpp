@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "gpu/gl_lookup.h"
+#include "library/field_mode.h"
 #include "library/host_frames.h"
 #include "library/licensing.h"
 #include "processors/copy_plane.h"
@@ -10,11 +10,6 @@
 
 namespace brushworks {
 namespace {
-
-/// The frames are fields only where the host says that its field mode is valid.
-bool AreFields(const RenderInfo* info) {
-    return info && (info->dwFlags & kRenderHasFieldMode) && info->nFieldMode <= 2;
-}
 
 void RestoreAlpha(RenderJob& job) {
     const int plane = Processors::AlphaPlane(job.source);
@@ -111,19 +106,6 @@ bool CEffect::Render(IVideoHost* host, FrameParams* source, FrameParams*, FrameP
 }
 
 bool CEffect::Paint(RenderJob&) {
-    return false;
-}
-
-bool CEffect::GetGPUCapsGL(IVideoHost*, GPUCaps* pCaps, unsigned int) {
-    if (!pCaps) return false;
-    ARBHelper features{};
-    pCaps->nReserved = 0;
-    pCaps->bGPUAllowed = Licensing().IsGPUAllowed();
-    pCaps->nGPUSupported = RefreshFeatures(features) && HasGLPath() ? 1 : 0;
-    return true;
-}
-
-bool CEffect::RenderGL(IVideoHost*, TextureParams*, TextureParams*, TextureParams*, RenderInfo*) {
     return false;
 }
 

@@ -5,6 +5,7 @@
 #include "frames/frame.h"
 #include "frames/memory_allocator.h"
 #include "gpu/gpu_effect_helper.h"
+#include "gpu/probes.h"
 #include "library/atomic.h"
 #include "library/base_effect_helper.h"
 #include "library/effect_tables.h"
@@ -22,7 +23,17 @@ struct RenderJob {
     MemoryAllocator& allocator;  ///< for scratch frames, which die before the call returns
 };
 
-/// A concrete effect gives its tables to the constructor and overrides Paint.
+/// One render on the graphics card as an effect's own passes see it. Borrowed likewise.
+struct GPURenderJob {
+    const Parameters& parameters;
+    IVideoHost* host;
+    TextureParams& source;       ///< in the host's channel order
+    TextureParams& destination;  ///< likewise
+    const RenderInfo* info;
+    bool bFields;  ///< the pictures are single fields
+};
+
+/// A concrete effect gives its tables to the constructor and overrides Paint and PaintGL.
 class CEffect : public GPUEffectHelper, public IParamToolTip, private CBaseEffectHelper {
   public:
     /// `tables` are constants that outlive the effect.
@@ -40,9 +51,9 @@ class CEffect : public GPUEffectHelper, public IParamToolTip, private CBaseEffec
     const char* EnumPreset(unsigned int index) final;
     bool EnumPresetData(unsigned int preset, unsigned int param, EffectParam* value) final;
 
-    bool GetGPUCapsGL(IVideoHost* pHost, GPUCaps* pCaps, unsigned int nFlags) override;
+    bool GetGPUCapsGL(IVideoHost* pHost, GPUCaps* pCaps, unsigned int nFlags) final;
     bool RenderGL(IVideoHost* pHost, TextureParams* pSrc, TextureParams* pSrc2, TextureParams* pDst,
-                  RenderInfo* pInfo) override;
+                  RenderInfo* pInfo) final;
 
     // Stands before this class's own virtual operations: its place in the table is told.
     const char* EnumToolTip(unsigned int index) final;
@@ -52,8 +63,23 @@ class CEffect : public GPUEffectHelper, public IParamToolTip, private CBaseEffec
     /// the mark and statistics are seen to afterwards, unless the result is false. An effect that
     /// does not override this has no render on the processor.
     virtual bool Paint(RenderJob& job);
+
+    /// What a card has to answer for before the effect says that it renders there. The record of
+    /// features is, at this moment, as the host filled it. False settles the question without an
+    /// answer.
+    virtual bool GetGPUProbes(GPUProbes& probes) const;
     /// The effect has passes for the graphics card.
     virtual bool HasGLPath() const { return false; }
+    /// The effect's own passes: make textures and programs, StartPasses, draw, FinishPasses. What
+    /// it made is freed when it returns, whatever it returns.
+    virtual bool PaintGL(GPURenderJob& job);
+
+    /// Sets the fixed state and the projection, in which a unit is a pixel of what source and
+    /// destination have in common.
+    void StartPasses(const GPURenderJob& job);
+    /// Closes a render: the mark, and the picture in true channel order from `result`, which may be
+    /// the job's scratch, into the destination.
+    bool FinishPasses(GPURenderJob& job, TextureParams& result);
 
   private:
     const EffectTables m_tables;

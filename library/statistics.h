@@ -11,7 +11,7 @@ class IUsageStatistics {
     virtual ~IUsageStatistics() = default;
     /// A library object was made; these are its effects. The array is the caller's, for this call.
     virtual void SetEffects(const char* const* names, unsigned int count) = 0;
-    /// An effect rendered a frame.
+    /// An effect rendered a frame; null for one that never left the graphics card.
     virtual void ReportRender(const char* effect, const FrameParams* frame) = 0;
 };
 

@@ -1,9 +1,11 @@
 # Debian packages that the scripts at the root need, and a function that sees to them.
 
-BUILD_PACKAGES="g++ make cmake pkg-config libcli11-dev nlohmann-json3-dev libtinyxml-dev
-    libavformat-dev libavcodec-dev libavfilter-dev libavutil-dev libswscale-dev"
-TEST_PACKAGES="libgtest-dev libgmock-dev git ffmpeg"
+BUILD_PACKAGES="g++ make cmake pkg-config libcli11-dev nlohmann-json3-dev libtinyxml-dev libepoxy-dev libgl-dev
+    libavformat-dev libavcodec-dev libavfilter-dev libavutil-dev libswscale-dev frei0r-plugins-dev"
+TEST_PACKAGES="libgtest-dev libgmock-dev git ffmpeg melt gstreamer1.0-tools gstreamer1.0-plugins-bad
+    glslang-tools libegl1 libopengl0 libgl1-mesa-dri"
 LINT_PACKAGES="clang-format clang-tidy clang libclang-rt-14-dev"
+PACKING_PACKAGES="dpkg-dev file"
 
 # ensure_packages NAME...: installs what is missing where apt-get may be used, else says what to install.
 ensure_packages() {

@@ -11,6 +11,7 @@
 #include "completion_command.h"
 #include "describe_command.h"
 #include "gallery_command.h"
+#include "gpu_command.h"
 #include "host/error.h"
 #include "host/library.h"
 #include "manual.h"
@@ -269,6 +270,15 @@ void addManual(CLI::App& app) {
     manual->callback([&app] { tools::writeManual(app, loadLibrary(), std::cout); });
 }
 
+void addGpu(CLI::App& app) {
+    CLI::App* gpu = app.add_subcommand(
+        "gpu", "Tell what OpenGL renders here, and which effects render with it");
+    const auto options = std::make_shared<tools::GpuOptions>();
+    gpu->add_flag("--hardware", options->hardware, "Look for a graphics card alone");
+    gpu->add_flag("--json", options->json, "Write JSON");
+    gpu->callback([=] { tools::describeGpu(loadLibrary(), *options, std::cout); });
+}
+
 int fail(const std::exception& error, int status) {
     std::fprintf(stderr, "brushworks: %s\n", error.what());
     return status;
@@ -286,6 +296,7 @@ int run(int count, char** arguments) {
     addCodecs(app);
     addCompletion(app);
     addManual(app);
+    addGpu(app);
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.

@@ -18,6 +18,9 @@ class CCharcoal final : public CEffect {
 
   protected:
     bool Paint(RenderJob& job) override;
+    bool GetGPUProbes(GPUProbes& probes) const override;
+    bool HasGLPath() const override { return true; }
+    bool PaintGL(GPURenderJob& job) override;
 };
 
 }  // namespace brushworks

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "effects/charcoal/settings.h"
 #include "effects/tone_table.h"
 #include "frames/truncate.h"
 #include "library/working_frames.h"
@@ -15,25 +16,7 @@
 namespace brushworks {
 namespace {
 
-enum Param : unsigned int { kDetails, kWidth, kContrast, kCharcoal, kSurface, kColor };
-
-/// What the controls ask for.
-struct Settings {
-    float width;             ///< of strokes, 0 to 2
-    std::uint32_t charcoal;  ///< red in the low byte
-    std::uint32_t surface;   ///< likewise
-    float contrast;
-    float coarse;  ///< how much detail is smoothed away
-    int color;     ///< the picture's own share, 0 to 255
-
-    explicit Settings(const Parameters& p)
-        : width(2.0f * p.Slider(kWidth)),
-          charcoal(p.Color(kCharcoal)),
-          surface(p.Color(kSurface)),
-          contrast(p.Slider(kContrast)),
-          coarse(1.0f - p.Slider(kDetails)),
-          color(Truncate(p.Slider(kColor) * 255.0f)) {}
-};
+using charcoal::Settings;
 
 /// The strokes as a plane: 255 where the paper is bare. False when a step fails.
 class Strokes {
@@ -44,10 +27,11 @@ class Strokes {
         CFrame gray, edges;
         if (!MakePlane(gray) || !MakePlane(edges) || !MakePlane(strokes)) return false;
         if (!Canvaskit::CRGBToGray().Process(m_picture, gray)) return false;
-        Smooth(gray, set.coarse);
+        Smooth(gray, set);
         return Canvaskit::CEdge().Process(gray, edges, 3) &&
-               Canvaskit::CGuassian().Process(edges, strokes, Sigma(set.width), m_job.bFields,
-                                              nullptr) &&
+               Canvaskit::CGuassian().Process(edges, strokes,
+                                              set.Sigma(m_picture.m_nHeight, m_job.bFields),
+                                              m_job.bFields, nullptr) &&
                Canvaskit::CNegate().Process(strokes);
     }
 
@@ -57,18 +41,10 @@ class Strokes {
                           PixelFormatMono8, m_picture.m_bFlipped);
     }
 
-    void Smooth(CFrame& gray, float coarse) const {
-        constexpr float kSpatial = 1.0f, kRadius = 0.11f, kNoTone = 0.0f;
-        Processors::CSmooth().Process(&gray, &gray, nullptr, nullptr, kSpatial,
-                                      coarse * 0.5f + 0.1f, kRadius, kNoTone, m_job.bFields,
-                                      nullptr, nullptr);
-    }
-
-    /// A stroke's spread follows the lines of the whole picture.
-    float Sigma(float width) const {
-        const int fields = m_job.bFields ? 2 : 1;
-        const float lines = static_cast<float>(m_picture.m_nHeight) / 240.0f;
-        return (width + 0.01f) * std::sqrt(lines * static_cast<float>(fields));
+    void Smooth(CFrame& gray, const Settings& set) const {
+        Processors::CSmooth().Process(&gray, &gray, nullptr, nullptr, Settings::kSpatial,
+                                      set.Range(), Settings::kRadius, Settings::kNoTone,
+                                      m_job.bFields, nullptr, nullptr);
     }
 
     const RenderJob& m_job;
@@ -80,9 +56,10 @@ class Strokes {
 class Inks {
   public:
     explicit Inks(const Settings& set) {
+        const int color = Truncate(set.color * 255.0f);
         for (int gray = 0; gray < 256; ++gray) {
             const int bare = Truncate(static_cast<float>((3 * gray) >> 3) / 96.0f * 255.0f);
-            const int own = (set.color * (255 - bare)) >> 8;
+            const int own = (color * (255 - bare)) >> 8;
             Mix& mix = m_mixes[static_cast<std::size_t>(gray)];
             mix.own = own;
             for (int sample = 0; sample < 3; ++sample) {

@@ -12,6 +12,7 @@ class CEmbossedPaper final : public CEffect {
 
   protected:
     bool Paint(RenderJob& job) override;
+    bool GetGPUProbes(GPUProbes& probes) const override;
 };
 
 }  // namespace brushworks

@@ -13,6 +13,9 @@ class CPosterize final : public CEffect {
 
   protected:
     bool Paint(RenderJob& job) override;
+    bool GetGPUProbes(GPUProbes& probes) const override;
+    bool HasGLPath() const override { return true; }
+    bool PaintGL(GPURenderJob& job) override;
 };
 
 }  // namespace brushworks

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "effects/posterize/settings.h"
 #include "frames/art_frame.h"
 #include "frames/truncate.h"
 #include "primitives/arithmetic.h"
@@ -18,25 +19,9 @@
 namespace brushworks {
 namespace {
 
-enum Param : unsigned int { kColorShift, kColor, kBrightness, kLevels, kDither };
+using posterize::Settings;
 
 constexpr int kNoNoise = 0;
-
-/// What the controls ask for.
-struct Settings {
-    float hue;  ///< factors from 0.5 to 1.5; 1.0 is neutral
-    float saturation;
-    float value;
-    int levels;  ///< 2 to 9
-    int dither;  ///< the primitive's dither kind
-
-    explicit Settings(const Parameters& p)
-        : hue(p.Slider(kColorShift) + 0.5f),
-          saturation(p.Slider(kColor) + 0.5f),
-          value(p.Slider(kBrightness) + 0.5f),
-          levels(p.Option(kLevels) + 2),
-          dither(p.Option(kDither)) {}
-};
 
 bool ReduceLevels(const CFrame& src, CFrame& dst, const Settings& set) {
     return ippiReduceBits_8u_AC4R(src.m_pBuffer, src.m_nByteSpan, dst.m_pBuffer, dst.m_nByteSpan,
