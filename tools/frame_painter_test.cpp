@@ -28,8 +28,8 @@ media::FramePtr stillFrame() {
 /// Six frames of one picture, painted: for each the first frame that it is like.
 std::vector<int> firstAlike(const host::Effect& effect, int hold, std::int32_t seed = 0) {
     PaintSettings settings;
-    settings.recordedWidth = kWidth;
-    settings.recordedHeight = kHeight;
+    settings.decodedWidth = settings.recordedWidth = kWidth;
+    settings.decodedHeight = settings.recordedHeight = kHeight;
     settings.output = media::bgraRaster(kWidth, kHeight);
     settings.render.seed = seed;
     settings.hold = hold;
