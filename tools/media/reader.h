@@ -79,9 +79,10 @@ class Reader {
     /// Whether each packet is one frame, and those that are marked as keys need none before them.
     bool countsPackets() const;
     bool skipPackets(std::int64_t number);
-    /// Goes to the last key frame that is packet `most` or before it; its place, or nothing where
-    /// the index does not tell it.
-    std::optional<std::int64_t> seekBefore(std::int64_t most);
+    /// Goes to a key frame that is packet `most` or before it, where the index tells it.
+    bool seekBefore(std::int64_t most);
+    /// The number of a packet by the index.
+    std::optional<std::int64_t> placeOf(const AVPacket& packet) const;
     /// Goes on with packets from number `key` on, a key frame's.
     bool startAt(std::int64_t key, std::deque<PacketPtr> packets);
     void dropOthersBefore(const AVPacket& key);

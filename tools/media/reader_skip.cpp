@@ -48,50 +48,59 @@ bool Reader::skipTo(std::int64_t number) {
 bool Reader::skipPackets(std::int64_t number) {
     const std::int64_t most = number - kReordered;
     if (most < m_nPackets) return true;
-    const std::optional<std::int64_t> sought = seekBefore(most);
-    if (sought) m_nPackets = *sought;
+    const bool sought = seekBefore(most);
     std::optional<std::int64_t> key;
     std::deque<PacketPtr> packets;  // from there on
     // So many behind the key frame that all that is shown before it is among them.
     while (m_nPackets <= most || (key && packets.size() <= static_cast<std::size_t>(kReordered))) {
-        const std::int64_t index = m_nPackets;
         PacketPtr packet = readVideoPacket();
         if (!packet) break;
+        if (sought && !key) {
+            const std::optional<std::int64_t> place = placeOf(*packet);
+            if (!place) return false;
+            m_nPackets = *place + 1;
+        }
+        const std::int64_t index = m_nPackets - 1;
         if ((packet->flags & AV_PKT_FLAG_KEY) != 0 && index <= most) {
             packets.clear();
             key = index;
             dropOthersBefore(*packet);
         }
         packets.push_back(std::move(packet));
-        if (sought && !key) return false;  // the index is wrong
+        if (sought && !key) return false;
     }
     if (key) return startAt(*key, std::move(packets));
     m_ahead = std::move(packets);
     return true;
 }
 
-std::optional<std::int64_t> Reader::seekBefore(std::int64_t most) {
-    const AVStream* stream = m_pInput->streams[m_nVideo];
+bool Reader::seekBefore(std::int64_t most) {
+    AVStream* stream = m_pInput->streams[m_nVideo];
     const std::string_view type = m_pInput->iformat->name;
-    const std::int64_t count = avformat_index_get_entries_count(stream);
-    if (!type.starts_with("mov") || count != stream->nb_frames) return std::nullopt;
+    const int count = avformat_index_get_entries_count(stream);
+    if (!type.starts_with("mov") || count != stream->nb_frames) return false;
     const AVIndexEntry* best = nullptr;
-    std::int64_t place = 0;
     for (int i = 0; i < count; ++i) {
-        // FFmpeg declares it for streams that change; it only looks.
-        const AVIndexEntry* entry = avformat_index_get_entry(m_pInput->streams[m_nVideo], i);
-        if ((entry->flags & AVINDEX_DISCARD_FRAME) != 0) return std::nullopt;
-        if ((entry->flags & AVINDEX_KEYFRAME) == 0 || i > most) continue;
-        best = entry;
-        place = i;
+        const AVIndexEntry* entry = avformat_index_get_entry(stream, i);
+        if ((entry->flags & AVINDEX_DISCARD_FRAME) != 0) return false;
+        const bool key = (entry->flags & AVINDEX_KEYFRAME) != 0;
+        if (key && i >= m_nPackets && i <= most) best = entry;
     }
-    if (best == nullptr || place < m_nPackets) return std::nullopt;
-    const int result =
-        av_seek_frame(m_pInput.get(), m_nVideo, best->timestamp, AVSEEK_FLAG_BACKWARD);
-    if (result < 0) return std::nullopt;
+    if (best == nullptr) return false;
+    const int flags = AVSEEK_FLAG_BACKWARD;
+    if (av_seek_frame(m_pInput.get(), m_nVideo, best->timestamp, flags) < 0) return false;
     // They come again from the new place on; covers come once.
     std::erase_if(m_packets, [&](const PacketPtr& packet) { return !isCover(*packet); });
-    return place;
+    return true;
+}
+
+std::optional<std::int64_t> Reader::placeOf(const AVPacket& packet) const {
+    AVStream* stream = m_pInput->streams[m_nVideo];
+    const int count = avformat_index_get_entries_count(stream);
+    for (int i = 0; i < count; ++i) {
+        if (avformat_index_get_entry(stream, i)->pos == packet.pos) return i;
+    }
+    return std::nullopt;
 }
 
 bool Reader::startAt(std::int64_t key, std::deque<PacketPtr> packets) {
