@@ -229,11 +229,9 @@ Completion complete(const CLI::App& app, const std::function<host::Library()>& l
         return values.of(*option, front, typed.substr(front.size()));
     }
     Completion completion;
-    if (hyphen) {
-        completion.candidates = optionNames(place);
-    } else if (!shownCommands(place.command()).empty()) {
+    if (!hyphen && !shownCommands(place.command()).empty()) {
         completion.candidates = commandNames(place);
-    } else if (place.operand() != nullptr) {
+    } else if (!hyphen && place.operand() != nullptr) {
         return values.of(*place.operand(), "", typed);
     } else if (place.takesOptions()) {
         completion.candidates = optionNames(place);

@@ -312,6 +312,9 @@ int run(int count, char** arguments) {
     CLI::App app("Twelve painterly effects for pictures and videos", "brushworks");
     app.set_version_flag("--version", BRUSHWORKS_VERSION);
     app.require_subcommand(1);
+    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return std::string("brushworks: ") + error.what() + "; --help tells more\n";
+    });
     addList(app);
     addInfo(app);
     addPaint(app);

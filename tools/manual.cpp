@@ -47,7 +47,39 @@ point
 the picture is 1 wide and 1 high
 )";
 
-constexpr std::string_view kEnd = R"(.SH EXIT STATUS
+constexpr std::string_view kEnd = R"(.SH PROGRESS
+With
+.B \-\-progress=kv
+blocks of lines go to standard error, a first one at once and the last one when the output is whole:
+.BI frame= N
+(of a gallery
+.BR picture= )
+and
+.BI total= N
+count,
+.BI fps= X
+(of a gallery
+.BR pictures_per_s= )
+is the rate so far,
+.BI eta_s= X
+the time left in seconds;
+.B N/A
+stands for what is not known.
+A block ends in
+.BR progress=continue ,
+the last one in
+.BR progress=end ,
+which does not come after a failure.
+Notes and messages start with
+.BR brushworks: .
+.SH COMPLETION
+Commands, options, effects, presets, parameters and values complete in bash and zsh; without an
+installation after
+.PP
+.EX
+source <(brushworks completion bash)
+.EE
+.SH EXIT STATUS
 .TP
 .B 0
 The work is done.
@@ -69,9 +101,10 @@ The pictures are the same with all.
 .SH EXAMPLES
 .EX
 brushworks paint in.png \-e posterize \-o out.png
-brushworks paint in.mp4 \-e oil \-\-preview \-o look.mp4
+brushworks paint in.mp4 \-e oil \-\-preview \-\-before\-after \-o look.mp4
+brushworks paint in.mp4 \-e oil \-o out.mp4 \-\-dry\-run
 brushworks paint in.mp4 \-e oil \-p Dark \-s \(dqBrush Size=30\(dq \-o out.mp4
-brushworks paint in.jpg \-e mural \-\-before\-after \-o compared.jpg
+brushworks paint in.jpg \-e mural \-\-scale fit:1920:1080 \-o out.jpg
 brushworks gallery in.jpg \-o gallery
 .EE
 )";

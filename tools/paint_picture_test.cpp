@@ -78,6 +78,51 @@ TEST_F(PaintPicture, RendersTheFieldsOfAFrameEachForItself) {
     EXPECT_NE(actual, rendered(effect, in, width, height, 3));
 }
 
+TEST_F(PaintPicture, LeavesOneHalfAsItWas) {
+    const int width = 40;
+    const int height = 30;
+    testing::makeColors(path("in.png"), width, height);
+    ASSERT_EQ(paint("in.png", "painted.png").status, 0);
+    ASSERT_EQ(paint("in.png", "left.png", {"--before-after"}).status, 0);
+    ASSERT_EQ(paint("in.png", "top.png", {"--before-after=top"}).status, 0);
+    const Pixels before = contentOf(path("in.png")).first;
+    const Pixels after = contentOf(path("painted.png")).first;
+    const Pixels left = contentOf(path("left.png")).first;
+    const Pixels top = contentOf(path("top.png")).first;
+    constexpr int kLine = 2;  // pixels to both sides of the middle
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const std::size_t at = static_cast<std::size_t>(y * width + x) * 4 + 1;
+            if (std::abs(2 * x + 1 - width) > 2 * kLine) {
+                ASSERT_EQ(left[at], (x < width / 2 ? before : after)[at]) << x << ',' << y;
+            }
+            if (std::abs(2 * y + 1 - height) > 2 * kLine) {
+                ASSERT_EQ(top[at], (y < height / 2 ? before : after)[at]) << x << ',' << y;
+            }
+        }
+        ASSERT_EQ(left[static_cast<std::size_t>(y * width + width / 2) * 4], 255);
+        ASSERT_EQ(left[static_cast<std::size_t>(y * width + width / 2 - kLine) * 4], 0);
+    }
+    testing::makePicture(path("dot.png"), 1, 1, false);
+    EXPECT_EQ(paint("dot.png", "dots.png", {"--before-after"}).status, 0);
+}
+
+TEST_F(PaintPicture, TellsInADryRunWhatItWouldDo) {
+    testing::makePicture(path("in.png"), 64, 48, true);
+    testing::writeFile(path("there.png"), "precious");
+    const Result result =
+        paint("in.png", "out.jpg", {"--dry-run", "--scale", "50%", "-s", "color=33"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_THAT(result.out, AllOf(HasSubstr("picture, png, 64x48"), HasSubstr("posterize"),
+                                  HasSubstr("out.jpg: picture, mjpeg, 32x24"), HasSubstr("33")));
+    EXPECT_THAT(result.err, HasSubstr("no room for transparency"));
+    EXPECT_EQ(paint("in.png", "there.png", {"--dry-run"}).status, 1);
+    EXPECT_EQ(paint("in.png", "gone/out.png", {"--dry-run"}).status, 1);
+    EXPECT_EQ(paint("in.png", "out.mp4", {"--dry-run"}).status, 2);
+    EXPECT_EQ(paint("in.png", "out.png", {"--dry-run", "-s", "colour=1"}).status, 2);
+    EXPECT_EQ(files(), (Names{"in.png", "there.png"}));
+}
+
 TEST_F(PaintPicture, WritesEveryTypeAndKeepsAlphaWhereItCan) {
     const int width = 33;
     const int height = 17;

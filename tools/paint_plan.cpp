@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "host/names.h"
 #include "media/output_raster.h"
 #include "media/stream_copy.h"
 #include "still_picture.h"
@@ -19,6 +20,21 @@ media::Raster sourceRaster(const media::Reader& reader, const AVFrame& first) {
         raster.format = AV_PIX_FMT_BGR0;
     }
     return raster;
+}
+
+/// A slip in the name of an encoder is answered with the nearest one.
+media::Encoding encodingFor(const media::OutputFormat& format, const media::EncodingChoice& choice,
+                            AVPixelFormat source) {
+    try {
+        return media::chooseEncoding(format, choice, source);
+    } catch (const media::MediaUsageError& error) {
+        if (avcodec_find_encoder_by_name(choice.codec.c_str()) != nullptr) throw;
+        std::vector<std::string> names;
+        for (const media::EncoderRow* row : media::encodersFor(format)) {
+            names.insert(names.end(), {row->name, row->common});
+        }
+        throw media::MediaUsageError(error.what() + host::didYouMean(choice.codec, names));
+    }
 }
 
 /// The size that the frames are scaled to, as they were recorded.
@@ -193,7 +209,7 @@ void noteLosses(const media::OutputFormat& format, PaintPlan& plan, AVPixelForma
 PaintPlan makePlan(const media::Reader& reader, const AVFrame& first,
                    const media::OutputFormat& format, const PlanWishes& wishes) {
     const media::Raster source = sourceRaster(reader, first);
-    const media::Encoding encoding = media::chooseEncoding(format, wishes.encoding, source.format);
+    const media::Encoding encoding = encodingFor(format, wishes.encoding, source.format);
     PaintPlan plan;
     plan.paint = paintSettings(reader, first, format, encoding, source, wishes.encoding.pixelFormat,
                                wishes.render, wishes.scaling);

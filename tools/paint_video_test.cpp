@@ -16,11 +16,13 @@ namespace {
 using testing::CommandTest;
 using testing::Content;
 using testing::contentOf;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using testing::makeClip;
 using ::testing::Not;
 using testing::Result;
+using ::testing::StartsWith;
 
 using Names = std::set<std::string>;
 
@@ -106,6 +108,25 @@ TEST_F(PaintVideo, MovesValuesByTheTimesOfFrames) {
     std::fill_n(expected.begin(), 7, 255);
     EXPECT_EQ(contentOf(path("out.mkv")).numbers, expected);
     EXPECT_EQ(paint("in.mkv", "wrong.mkv", {"-s", "color=1@0s,2@4x"}).status, 2);
+}
+
+TEST_F(PaintVideo, PreviewsTheStartAndTellsProgramsHowFarItIs) {
+    makeClip(path("in.mkv"), {.width = 96, .height = 600, .frames = 60, .sound = true});
+    const Result result = paint("in.mkv", "out.mkv", {"--preview", "--progress=kv", "-q"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_THAT(result.out, IsEmpty());
+    EXPECT_THAT(result.err, StartsWith("frame=0\ntotal=50\n"));
+    EXPECT_THAT(result.err, EndsWith("eta_s=0.0\nprogress=end\n"));
+    const Content in = contentOf(path("in.mkv"));
+    const Content out = contentOf(path("out.mkv"));
+    EXPECT_EQ(out.numbers, countTo(50));
+    EXPECT_EQ(out.width, 76);
+    EXPECT_EQ(out.height, 480);
+    EXPECT_GT(out.packets.size(), in.packets.size() * 2 / 3);
+    EXPECT_LT(out.packets.size(), in.packets.size() * 11 / 12);
+    // The picture looks as wide as before.
+    ASSERT_EQ(paint("in.mkv", "wide.mkv", {"--scale", "48:32"}).status, 0);
+    EXPECT_EQ(av_cmp_q(contentOf(path("wide.mkv")).pixelAspect, {8, 75}), 0);
 }
 
 TEST_F(PaintVideo, RefusesSoundThatTheOutputCannotHold) {

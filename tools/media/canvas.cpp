@@ -16,6 +16,7 @@ namespace {
 
 constexpr float kMost = 65535.0F;
 constexpr int kChannels = 4;
+constexpr int kDeepPixel = kChannels * static_cast<int>(sizeof(float));
 
 /// Where the samples of R, G, B, A stand in B, G, R, A, and the other way round.
 constexpr int kSwapped[kChannels] = {2, 1, 0, 3};
@@ -39,10 +40,9 @@ void narrow(const float* from, std::uint16_t* to, int pixels) {
     }
 }
 
-template <class Sample>
-Sample* rowOf(const AVFrame& frame, int y) {
-    return reinterpret_cast<Sample*>(frame.data[0] +
-                                     static_cast<std::ptrdiff_t>(y) * frame.linesize[0]);
+std::uint16_t* samplesOf(const AVFrame& frame, int y) {
+    return reinterpret_cast<std::uint16_t*>(frame.data[0] +
+                                            static_cast<std::ptrdiff_t>(y) * frame.linesize[0]);
 }
 
 Raster sampleRaster(int width, int height) {
@@ -51,12 +51,23 @@ Raster sampleRaster(int width, int height) {
 
 }  // namespace
 
-Canvas::Canvas(int width, int height, bool deep)
-    : m_nSampleBytes(deep ? static_cast<int>(sizeof(float)) : 1),
-      m_pFrame(allocateFrame(bgraRaster(width * m_nSampleBytes, height))) {}
+Canvas::Canvas(int width, int height, bool deep) : m_nWidth(width), m_nHeight(height) {
+    const std::size_t count =
+        static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kChannels;
+    if (deep) m_floats = std::make_unique<float[]>(count);
+    if (!deep) m_pBytes = allocateFrame(bgraRaster(width, height));
+}
+
+std::uint8_t* Canvas::pixels() const {
+    return isDeep() ? reinterpret_cast<std::uint8_t*>(m_floats.get()) : m_pBytes->data[0];
+}
+
+int Canvas::rowBytes() const {
+    return isDeep() ? m_nWidth * kDeepPixel : m_pBytes->linesize[0];
+}
 
 PixelView Canvas::view() const {
-    return {pixels(), width(), height(), rowBytes(), kChannels * m_nSampleBytes};
+    return {pixels(), m_nWidth, m_nHeight, rowBytes(), isDeep() ? kDeepPixel : kChannels};
 }
 
 bool isDeep(AVPixelFormat format) {
@@ -75,14 +86,15 @@ AVFrame& CanvasConverter::samples(const Canvas& canvas) {
 void CanvasConverter::read(const AVFrame& source, Canvas& canvas, bool fields) {
     const Raster from = rasterOf(source);
     if (!canvas.isDeep()) {
-        m_read.convert(source, from, *canvas.m_pFrame, bgraRaster(canvas.width(), canvas.height()),
+        m_read.convert(source, from, *canvas.m_pBytes, bgraRaster(canvas.width(), canvas.height()),
                        fields);
         return;
     }
     AVFrame& between = samples(canvas);
     m_read.convert(source, from, between, sampleRaster(canvas.width(), canvas.height()), fields);
+    const std::ptrdiff_t span = std::ptrdiff_t{canvas.width()} * kChannels;
     for (int y = 0; y < canvas.height(); ++y) {
-        widen(rowOf<std::uint16_t>(between, y), rowOf<float>(*canvas.m_pFrame, y), canvas.width());
+        widen(samplesOf(between, y), canvas.m_floats.get() + y * span, canvas.width());
     }
 }
 
@@ -98,12 +110,13 @@ void CanvasConverter::fill(AVFrame& target, const Raster& raster, const Canvas& 
                            bool fields) {
     const Raster bytes = bgraRaster(canvas.width(), canvas.height());
     if (!canvas.isDeep()) {
-        m_write.convert(*canvas.m_pFrame, bytes, target, raster, fields);
+        m_write.convert(*canvas.m_pBytes, bytes, target, raster, fields);
         return;
     }
     AVFrame& between = samples(canvas);
+    const std::ptrdiff_t span = std::ptrdiff_t{canvas.width()} * kChannels;
     for (int y = 0; y < canvas.height(); ++y) {
-        narrow(rowOf<float>(*canvas.m_pFrame, y), rowOf<std::uint16_t>(between, y), canvas.width());
+        narrow(canvas.m_floats.get() + y * span, samplesOf(between, y), canvas.width());
     }
     m_write.convert(between, sampleRaster(canvas.width(), canvas.height()), target, raster, fields);
 }

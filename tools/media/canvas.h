@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "media/orientation.h"
 #include "media/raster.h"
@@ -15,18 +16,20 @@ class Canvas {
   public:
     Canvas(int width, int height, bool deep);
 
-    int width() const { return m_pFrame->width / m_nSampleBytes; }
-    int height() const { return m_pFrame->height; }
-    bool isDeep() const { return m_nSampleBytes > 1; }
-    std::uint8_t* pixels() const { return m_pFrame->data[0]; }
-    int rowBytes() const { return m_pFrame->linesize[0]; }
+    int width() const { return m_nWidth; }
+    int height() const { return m_nHeight; }
+    bool isDeep() const { return m_pBytes == nullptr; }
+    std::uint8_t* pixels() const;
+    int rowBytes() const;
     PixelView view() const;
 
   private:
     friend class CanvasConverter;
 
-    int m_nSampleBytes;
-    FramePtr m_pFrame;  ///< FFmpeg has no such floats: of bytes, and as many times wider
+    int m_nWidth;
+    int m_nHeight;
+    FramePtr m_pBytes;                  ///< null where the canvas is deep
+    std::unique_ptr<float[]> m_floats;  ///< FFmpeg has no such layout, so these are our own
 };
 
 /// Whether a frame's samples need a deep canvas.

@@ -16,18 +16,14 @@ namespace {
 
 using enum QualityScale;
 
-constexpr char kX265[] =
-    "preset=medium,x265-params=log-level=none";  // else it writes to the terminal
+// x265 writes to the terminal unless told not to.
+constexpr char kX265[] = "preset=medium,x265-params=log-level=none";
+constexpr char kX265Lossless[] = "x265-params=log-level=none:lossless=1";
 
 constexpr EncoderRow kEncoders[] = {
     {"libx264", "h264", {Crf, 48, 8, 70}, "qp=0", "preset=medium", kFields | kWholeChroma},
     {"libx264rgb", "h264rgb", {Crf, 48, 8, 70}, "qp=0", "preset=medium"},
-    {"libx265",
-     "hevc",
-     {Crf, 50, 10, 70},
-     "x265-params=log-level=none:lossless=1",
-     kX265,
-     kWholeChroma},
+    {"libx265", "hevc", {Crf, 50, 10, 70}, kX265Lossless, kX265, kWholeChroma},
     {"libvpx-vp9", "vp9", {Crf, 58, 18, 70}, "lossless=1", "b=0,deadline=good,cpu-used=3,row-mt=1"},
     {"libaom-av1", "av1", {Crf, 58, 18, 70}, "aom-params=lossless=1", "b=0,cpu-used=6,row-mt=1"},
     {"prores_ks", "prores", {Quantizer, 32, 2, 80}, nullptr, "", kFields},
@@ -83,11 +79,11 @@ std::string fittingNames(const OutputFormat& format) {
 bool holds(const OutputFormat& format, const AVCodec& codec) {
     // The muxer of pictures holds anything; the types are told apart by their encoders.
     if (format.picture) return std::string_view(format.encoder) == codec.name;
-    // These muxers have one kind of content, and do not say so.
-    if (format.evenTimes && std::string_view(format.encoder) == "wrapped_avframe") {
-        return codec.id == AV_CODEC_ID_WRAPPED_AVFRAME;
+    // Whole frames are what pipes are written from, and nothing else.
+    const bool pipe = std::string_view(format.encoder) == "wrapped_avframe";
+    if (pipe || codec.id == AV_CODEC_ID_WRAPPED_AVFRAME) {
+        return pipe && codec.id == AV_CODEC_ID_WRAPPED_AVFRAME;
     }
-    if (codec.id == AV_CODEC_ID_WRAPPED_AVFRAME) return false;
     return muxerTakes(format, codec.id) == 1;
 }
 

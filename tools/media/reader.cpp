@@ -240,6 +240,10 @@ void Reader::fixTimes(AVFrame& frame) {
 }
 
 void Reader::failDamaged(const std::string& how) const {
+    // What decoders say of sizes whose bytes they cannot count.
+    if (how.find("image size") != std::string::npos) {
+        throw MediaError(m_sPath + " is too large; FFmpeg's libraries read about 16000x16000");
+    }
     throw MediaError(m_sPath + " is damaged or incomplete: " + how);
 }
 
