@@ -98,7 +98,9 @@ std::vector<std::shared_ptr<FramePainter>> makePainters(const PaintRun& run,
                                                         const ChosenEffect& chosen,
                                                         const PaintPlan& plan) {
     std::vector<std::shared_ptr<FramePainter>> painters;
-    for (int i = 0; i < jobCount(run.options().jobs); ++i) {
+    const int jobs = jobCount(run.options().jobs);
+    painters.reserve(static_cast<std::size_t>(jobs));
+    for (int i = 0; i < jobs; ++i) {
         painters.push_back(std::make_shared<FramePainter>(chosen.effect.clone(), plan.paint));
     }
     return painters;
