@@ -53,7 +53,9 @@ class Place {
     /// The operand that a word without a hyphen is, or null.
     const CLI::Option* operand() const {
         const auto all = operands(*m_pCommand);
-        return m_nOperands < all.size() ? all[m_nOperands] : nullptr;
+        if (m_nOperands < all.size()) return all[m_nOperands];
+        const bool more = !all.empty() && all.back()->get_expected_max() > 1;
+        return more ? all.back() : nullptr;
     }
     bool takesOptions() const { return !m_bBare; }
     bool isFree(const CLI::Option& option) const {

@@ -27,10 +27,15 @@ std::string samplesText(AVPixelFormat format) {
            std::to_string(media::depthOf(format)) + " bits)";
 }
 
-void describeInput(const PaintOptions& options, const media::Reader& reader, const AVFrame& first,
+const char* kindOf(const PaintTask& task, const media::Reader& reader) {
+    if (task.sequence) return "sequence of pictures";
+    return reader.isPicture() ? "picture" : "video";
+}
+
+void describeInput(const PaintTask& task, const media::Reader& reader, const AVFrame& first,
                    std::ostream& out) {
-    out << "Input    " << options.input << ": " << (reader.isPicture() ? "picture" : "video")
-        << ", " << avcodec_get_name(reader.video().codecpar->codec_id) << ", "
+    out << "Input    " << task.input << ": " << kindOf(task, reader) << ", "
+        << avcodec_get_name(reader.video().codecpar->codec_id) << ", "
         << sizeText(first.width, first.height) << ", "
         << samplesText(static_cast<AVPixelFormat>(first.format));
     if (!reader.isPicture()) {
@@ -41,14 +46,18 @@ void describeInput(const PaintOptions& options, const media::Reader& reader, con
         if (first.interlaced_frame != 0) out << ", interlaced";
         if (reader.expectedFrames() > 0) out << ", " << reader.expectedFrames() << " frames";
     }
+    if (task.sequence) {
+        out << ", " << task.sequence->count << " from " << task.sequence->at(0) << " on";
+    }
     out << '\n';
 }
 
-void describeOutput(const PaintOptions& options, const media::OutputFormat& format,
-                    const PaintPlan& plan, std::ostream& out) {
+void describeOutput(const PaintTask& task, const media::OutputFormat& format, const PaintPlan& plan,
+                    std::ostream& out) {
     const media::Encoding& encoding = plan.video.encoding;
     const media::Raster& raster = plan.video.raster;
-    out << "Output   " << options.output << ": " << (format.picture ? "picture" : "video") << ", "
+    out << "Output   " << task.output << ": "
+        << (format.picture ? task.names ? "pictures" : "picture" : "video") << ", "
         << encoding.codec->name << ", " << sizeText(raster.width, raster.height) << ", "
         << samplesText(raster.format);
     const bool always = encoding.row.lossless != nullptr && *encoding.row.lossless == '\0';
@@ -57,8 +66,13 @@ void describeOutput(const PaintOptions& options, const media::OutputFormat& form
     } else if (encoding.row.quality.scale != media::QualityScale::None) {
         out << ", quality " << encoding.quality;
     }
-    if (plan.seconds > 0) {
-        out << ", the first " << host::printNumber(static_cast<float>(plan.seconds)) << " s";
+    const FrameRange& range = plan.part.range;
+    if (!range.isWhole()) {
+        out << ", from frame " << range.first;
+        if (range.last != FrameRange::kEnd) out << " to " << range.last;
+    }
+    if (plan.part.seconds > 0) {
+        out << ", the first " << host::printNumber(static_cast<float>(plan.part.seconds)) << " s";
     }
     for (const AVStream* stream : plan.companions.streams) {
         out << ", with " << media::streamWords(*stream);
@@ -68,14 +82,14 @@ void describeOutput(const PaintOptions& options, const media::OutputFormat& form
 
 }  // namespace
 
-void dryRun(const PaintOptions& options, const media::Reader& reader, const AVFrame& first,
+void dryRun(const PaintTask& task, const media::Reader& reader, const AVFrame& first,
             const ChosenEffect& chosen, const media::OutputFormat& format, const PaintPlan& plan,
             std::ostream& out) {
     const media::Writer trial(kNullDevice, format, plan.video, plan.companions);
     const host::EffectInfo& effect = chosen.effect.info();
-    describeInput(options, reader, first, out);
+    describeInput(task, reader, first, out);
     out << "Effect   " << effect.name << " (" << effect.id << ")\n";
-    describeOutput(options, format, plan, out);
+    describeOutput(task, format, plan, out);
     out << "\nParameters: name, value\n";
     writeParameterTable(effect.parameters, out, [&](const host::ParameterInfo& parameter) {
         const auto moves = [&](const host::Animation& animation) {

@@ -5,14 +5,14 @@
 
 #include "effect_choice.h"
 #include "media/reader.h"
-#include "paint_command.h"
 #include "paint_plan.h"
+#include "paint_task.h"
 
 namespace brushworks::tools {
 
 /// Tells of input, effect, values and output, after the encoder and the head of the file were tried
 /// where nothing is kept. Throws what the run itself would throw there.
-void dryRun(const PaintOptions& options, const media::Reader& reader, const AVFrame& first,
+void dryRun(const PaintTask& task, const media::Reader& reader, const AVFrame& first,
             const ChosenEffect& chosen, const media::OutputFormat& format, const PaintPlan& plan,
             std::ostream& out);
 

@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "media/reader.h"
+
 namespace brushworks::tools {
 namespace {
 
@@ -22,6 +24,18 @@ media::Canvas uprightCanvas(const PaintSettings& settings) {
     return media::Canvas(width, height, settings.deep);
 }
 
+std::string sizeText(int width, int height) {
+    return std::to_string(width) + "x" + std::to_string(height);
+}
+
+void readPicture(NumberedFrame& frame) {
+    media::Reader reader(frame.file);
+    if (!reader.isPicture()) throw media::MediaError(frame.file + " is a video, not a picture");
+    frame.frame = reader.next();
+    frame.frame->pts = frame.time;
+    frame.frame->pkt_duration = 1;
+}
+
 }  // namespace
 
 FramePainter::FramePainter(host::Effect effect, const PaintSettings& settings,
@@ -36,7 +50,9 @@ FramePainter::FramePainter(host::Effect effect, const PaintSettings& settings,
 }
 
 media::FramePtr FramePainter::paint(NumberedFrame decoded) {
+    if (!decoded.frame) readPicture(decoded);
     const AVFrame& input = *decoded.frame;
+    checkSize(input, decoded);
     const bool fields = m_settings.render.fields || input.interlaced_frame != 0;
     m_converter.read(input, m_recorded, fields);
     if (m_upright) media::turn(m_recorded.view(), m_settings.orientation, m_upright->view());
@@ -49,6 +65,16 @@ media::FramePtr FramePainter::paint(NumberedFrame decoded) {
     media::copyDescription(input, *output);
     output->sample_aspect_ratio = m_settings.outputAspect;
     return output;
+}
+
+void FramePainter::checkSize(const AVFrame& input, const NumberedFrame& decoded) const {
+    const PaintSettings& settings = m_settings;
+    if (input.width == settings.decodedWidth && input.height == settings.decodedHeight) return;
+    const std::string name =
+        decoded.file.empty() ? "frame " + std::to_string(decoded.number) : decoded.file;
+    throw std::runtime_error(
+        name + " is " + sizeText(input.width, input.height) + ", and the frames before it " +
+        sizeText(settings.decodedWidth, settings.decodedHeight) + "; a video has one size");
 }
 
 void FramePainter::render(const media::Canvas& source, const NumberedFrame& decoded) {

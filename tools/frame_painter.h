@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "before_after.h"
@@ -21,10 +22,14 @@ struct NumberedFrame {
     std::int64_t number = 0;  ///< from 0
     double seconds = 0;       ///< since the first frame
     media::FramePtr frame;
+    std::string file = {};  ///< the picture that `frame` is yet to be read from, where that is null
+    std::int64_t time = 0;  ///< that such a frame gets
 };
 
 /// What all frames of a job have in common.
 struct PaintSettings {
+    int decodedWidth = 0;  ///< of every frame, as decoders give it
+    int decodedHeight = 0;
     int recordedWidth = 0;  ///< that frames are scaled to, before they are made upright
     int recordedHeight = 0;
     bool deep = false;               ///< they hold more than bytes
@@ -45,11 +50,12 @@ class FramePainter {
     FramePainter(host::Effect effect, const PaintSettings& settings,
                  std::shared_ptr<FrameRenderer> renderer);
 
-    /// The painted frame, ready for the encoder. Throws std::runtime_error when the effect cannot
-    /// render it.
+    /// The painted frame, ready for the encoder. Throws std::runtime_error when it cannot be read,
+    /// has another size than the settings tell, or the effect cannot render it.
     media::FramePtr paint(NumberedFrame decoded);
 
   private:
+    void checkSize(const AVFrame& input, const NumberedFrame& decoded) const;
     void render(const media::Canvas& source, const NumberedFrame& decoded);
     /// The painted canvas as the output stores it.
     const media::Canvas& stored();

@@ -27,8 +27,8 @@ media::FramePtr stillFrame() {
 
 PaintSettings settingsOfStill() {
     PaintSettings settings;
-    settings.recordedWidth = kWidth;
-    settings.recordedHeight = kHeight;
+    settings.decodedWidth = settings.recordedWidth = kWidth;
+    settings.decodedHeight = settings.recordedHeight = kHeight;
     settings.output = media::bgraRaster(kWidth, kHeight);
     return settings;
 }

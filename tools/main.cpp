@@ -114,6 +114,28 @@ void addLook(CLI::App& paint, tools::PaintOptions& options) {
                    "Tell what would be done, and what would fail at once; write nothing");
 }
 
+/// The options for sequences and parts.
+void addPart(CLI::App& paint, tools::PaintOptions& options) {
+    paint
+        .add_option("--frames", options.frames,
+                    "Paint this part: A-B, A-, -B or A, counted from 0 and with both ends; the "
+                    "frames are those of the whole, and their times begin at its beginning")
+        ->type_name("A-B");
+    paint
+        .add_option("--start", options.start,
+                    "First number of a sequence (default: the lowest that is there; of pictures "
+                    "made from a video 0)")
+        ->type_name("N")
+        ->check(CLI::Range(std::int64_t{0}, std::int64_t{1} << 53));
+    paint
+        .add_option("--fps", options.rate,
+                    "Frames a second: of a sequence (default 25), or instead of a video's own "
+                    "times; such as 25, 23.976 or 30000/1001")
+        ->type_name("R");
+    paint.add_flag("--resume", options.resume,
+                   "Go on after a run that was stopped: outputs that are there are left");
+}
+
 /// The options for what is said meanwhile.
 void addTalk(CLI::App& app, bool& quiet, std::string& progress) {
     tools::limitTo(
@@ -128,9 +150,9 @@ void addPaint(CLI::App& app) {
     CLI::App* paint = app.add_subcommand("paint", "Paint a picture or a video");
     const auto options = std::make_shared<tools::PaintOptions>();
     paint
-        ->add_option("INPUT", options->input,
-                     "Picture or video to paint; - for YUV4MPEG2 on "
-                     "standard input")
+        ->add_option("INPUT", options->inputs,
+                     "Picture or video to paint, several with a folder as output; "
+                     "frame-%04d.png for a sequence; - for YUV4MPEG2 on standard input")
         ->required();
     tools::EffectChoice& choice = options->choice;
     paint->add_option("-e,--effect", choice.effect, "Id, display name or index of an effect")
@@ -149,7 +171,7 @@ void addPaint(CLI::App& app) {
         ->add_option("-o,--output", options->output,
                      "File to write; its extension tells the type: .png, .jpg, .tif, .webp, .ppm; "
                      ".mp4, .mov, .mkv, .webm, .gif, .avi, .y4m; - for YUV4MPEG2 on standard "
-                     "output")
+                     "output; out-%04d.png for a picture of each frame; or a folder, as out/")
         ->type_name(tools::kFileKind)
         ->required();
     addEncoding(*paint, options->encoding);
@@ -167,6 +189,7 @@ void addPaint(CLI::App& app) {
                      "(default: they stay throughout)")
         ->type_name("N")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+    addPart(*paint, *options);
     addLook(*paint, *options);
     const auto gpu = std::make_shared<std::string>();
     tools::limitTo(
@@ -176,7 +199,8 @@ void addPaint(CLI::App& app) {
                         "OpenGL where there is none or it cannot render the effect"),
         tools::gpuWords());
     paint->add_flag("--fields", options->fields, "Paint the two fields of each frame separately");
-    paint->add_flag("-f,--force", options->force, "Replace an existing output");
+    paint->add_flag("-f,--force", options->force, "Replace an existing output")
+        ->excludes("--resume");
     addTalk(*paint, options->quiet, options->progress);
     paint->callback([=] {
         options->gpu = tools::gpuUseOf(*gpu);

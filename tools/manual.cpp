@@ -181,7 +181,10 @@ std::vector<const CLI::App*> lastCommands(const CLI::App& app) {
 std::string usage(const CLI::App& command) {
     std::string line = bold(fullName(command));
     bool more = false;
-    for (const CLI::Option* operand : operands(command)) line += " " + italic(valueKind(*operand));
+    for (const CLI::Option* operand : operands(command)) {
+        line += " " + italic(valueKind(*operand));
+        if (operand->get_expected_max() > 1) line += "...";
+    }
     for (const CLI::Option* option : namedOptions(command)) {
         if (option->get_required()) {
             line += " " + bold(longName(*option)) + " " + italic(valueKind(*option));

@@ -46,6 +46,22 @@ OutputFile::OutputFile(const std::string& path, bool replace)
     m_unfinished.emplace(m_path, makeFile);
 }
 
+void OutputFile::write(const std::string& bytes) {
+    const int file = open(temporaryPath().c_str(), O_WRONLY | O_CLOEXEC);
+    if (file < 0) failWriting(m_path, errno);
+    int error = 0;
+    for (std::size_t done = 0; done < bytes.size() && error == 0;) {
+        const ssize_t count = ::write(file, bytes.data() + done, bytes.size() - done);
+        if (count >= 0) {
+            done += static_cast<std::size_t>(count);
+        } else if (errno != EINTR) {
+            error = errno;
+        }
+    }
+    if (close(file) != 0 && error == 0) error = errno;
+    if (error != 0) failWriting(m_path, error);
+}
+
 void OutputFile::commit() {
     syncToDisk(temporaryPath());
     const unsigned int flags = m_bReplace ? 0 : RENAME_NOREPLACE;

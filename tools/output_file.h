@@ -22,6 +22,8 @@ class OutputFile {
     static void check(const std::string& path, bool replace);
 
     const std::string& temporaryPath() const { return m_unfinished->path(); }
+    /// Writes all that the file holds.
+    void write(const std::string& bytes);
     /// Gives the file its name, on disk and whole.
     void commit();
 

@@ -62,6 +62,8 @@ PaintSettings paintSettings(const media::Reader& reader, const AVFrame& first,
                             const media::Raster& source, const std::string& pixelFormat,
                             const RenderSettings& render, const Scaling& scaling) {
     PaintSettings settings;
+    settings.decodedWidth = first.width;
+    settings.decodedHeight = first.height;
     settings.deep = media::isDeep(static_cast<AVPixelFormat>(first.format));
     settings.orientation = reader.orientation(first);
     settings.turnBack = format.keepsTurn && !settings.orientation.isUpright();
@@ -145,6 +147,34 @@ void noteRate(const media::Reader& reader, const media::OutputFormat& format, Pa
         " has only one, here " + std::to_string(rate.num) + "/" + std::to_string(rate.den));
 }
 
+/// Chapters tell times of the whole.
+void leaveChapters(const media::Reader& reader, PaintPlan& plan) {
+    if (!plan.companions.keepChapters || reader.input().nb_chapters == 0) return;
+    plan.companions.keepChapters = false;
+    plan.notes.push_back("left out: " + std::to_string(reader.input().nb_chapters) +
+                         " chapters, whose times are those of the whole input");
+}
+
+/// Gives the frames other times, to which what goes beside them does not fit any more.
+void changeRate(const media::Reader& reader, AVRational rate, PaintPlan& plan) {
+    for (const AVStream* stream : plan.companions.streams) {
+        if (stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO) {
+            throw media::MediaError(
+                "with another rate the sound would not fit the frames any "
+                "more; take one of the two out of the input first");
+        }
+    }
+    std::erase_if(plan.companions.streams, [&](const AVStream* stream) {
+        if (stream->codecpar->codec_type != AVMEDIA_TYPE_SUBTITLE) return false;
+        plan.notes.push_back("left out: " + media::streamWords(*stream) +
+                             ", which does not fit another rate");
+        return true;
+    });
+    leaveChapters(reader, plan);
+    plan.video.frameRate = rate;
+    plan.video.timeBase = av_inv_q(rate);
+}
+
 void noteLosses(const media::OutputFormat& format, PaintPlan& plan, AVPixelFormat decoded) {
     const media::Raster& output = plan.video.raster;
     const std::string encoder = plan.video.encoding.codec->name;
@@ -177,18 +207,23 @@ void noteLosses(const media::OutputFormat& format, PaintPlan& plan, AVPixelForma
 }  // namespace
 
 PaintPlan makePlan(const media::Reader& reader, const AVFrame& first,
-                   const media::OutputFormat& format, const media::EncodingChoice& choice,
-                   const RenderSettings& render, const Scaling& scaling) {
+                   const media::OutputFormat& format, const PlanWishes& wishes) {
     const media::Raster source = sourceRaster(reader, first);
-    const media::Encoding encoding = encodingFor(format, choice, source.format);
+    const media::Encoding encoding = encodingFor(format, wishes.encoding, source.format);
     PaintPlan plan;
-    plan.paint =
-        paintSettings(reader, first, format, encoding, source, choice.pixelFormat, render, scaling);
+    plan.paint = paintSettings(reader, first, format, encoding, source, wishes.encoding.pixelFormat,
+                               wishes.render, wishes.scaling);
     plan.video = videoSettings(encoding, plan.paint, reader, first);
     plan.companions = {&reader.input(), &reader.video(), plan.paint.turnBack, {}, true};
     planStreams(reader, format, plan);
     noteLosses(format, plan, source.format);
-    noteRate(reader, format, plan);
+    plan.part = wishes.part;
+    if (wishes.part.rate.num > 0) {
+        changeRate(reader, wishes.part.rate, plan);
+    } else {
+        noteRate(reader, format, plan);
+    }
+    if (format.keepsChapters && !wishes.part.isWhole()) leaveChapters(reader, plan);
     return plan;
 }
 

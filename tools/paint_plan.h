@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame_painter.h"
+#include "frame_range.h"
 #include "media/encoder.h"
 #include "media/output_format.h"
 #include "media/reader.h"
@@ -17,15 +18,21 @@ struct PaintPlan {
     PaintSettings paint;
     media::VideoSettings video;
     media::Companions companions;
-    double seconds = 0;              ///< from the start that are painted; 0: all
+    Part part;
     std::vector<std::string> notes;  ///< what the user should know of losses
 };
 
-/// The plan for an input whose first frame is `first`; `render` and `scaling` hold what
-/// the user set. Throws
-/// media::MediaUsageError, and media::MediaError where sound could not be kept.
+/// What the user set.
+struct PlanWishes {
+    media::EncodingChoice encoding;
+    RenderSettings render;
+    Scaling scaling;
+    Part part;
+};
+
+/// The plan for an input whose first frame is `first`. Throws media::MediaUsageError, and
+/// media::MediaError where sound could not be kept.
 PaintPlan makePlan(const media::Reader& reader, const AVFrame& first,
-                   const media::OutputFormat& format, const media::EncodingChoice& choice,
-                   const RenderSettings& render, const Scaling& scaling);
+                   const media::OutputFormat& format, const PlanWishes& wishes);
 
 }  // namespace brushworks::tools

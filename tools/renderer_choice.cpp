@@ -17,15 +17,6 @@ struct Word {
 constexpr Word kWords[] = {
     {"any", GpuUse::Any}, {"auto", GpuUse::Auto}, {"hardware", GpuUse::Hardware}};
 
-std::unique_ptr<FrameRenderer> cardRenderer(GpuUse use, const host::Effect& effect, int width,
-                                            int height, const Notes& note) {
-    auto card = std::make_unique<CardRenderer>(use != GpuUse::Any);
-    const std::string reason = card->whyNot(effect, width, height);
-    if (!reason.empty()) throw host::Error(reason);
-    note("rendering with " + card->name());
-    return card;
-}
-
 }  // namespace
 
 std::vector<std::string> gpuWords() {
@@ -40,17 +31,39 @@ GpuUse gpuUseOf(const std::string& word) {
     return found != std::end(kWords) ? found->use : GpuUse::None;
 }
 
-std::unique_ptr<FrameRenderer> chooseRenderer(GpuUse use, const host::Effect& effect, int width,
-                                              int height, const Notes& note) {
-    if (use == GpuUse::None) return std::make_unique<ProcessorRenderer>();
+RendererChoice::RendererChoice(GpuUse use) : m_use(use) {}
+RendererChoice::~RendererChoice() = default;
+
+/// Made when it is first needed; that there is none is found out once, too.
+std::shared_ptr<CardRenderer> RendererChoice::card() {
+    const std::lock_guard lock(m_mutex);
+    if (!m_pCard && m_sWhyNoCard.empty()) {
+        try {
+            m_pCard = std::make_shared<CardRenderer>(m_use != GpuUse::Any);
+        } catch (const host::Error& error) {
+            m_sWhyNoCard = error.what();
+        }
+    }
+    if (!m_pCard) throw host::Error(m_sWhyNoCard);
+    return m_pCard;
+}
+
+std::shared_ptr<FrameRenderer> RendererChoice::rendererFor(const host::Effect& effect, int width,
+                                                           int height,
+                                                           std::vector<std::string>& notes) {
+    if (m_use == GpuUse::None) return std::make_shared<ProcessorRenderer>();
     try {
-        return cardRenderer(use, effect, width, height, note);
+        const std::shared_ptr<CardRenderer> renderer = card();
+        const std::string reason = renderer->whyNot(effect, width, height);
+        if (!reason.empty()) throw host::Error(reason);
+        notes.push_back("rendering with " + renderer->name());
+        return renderer;
     } catch (const host::Error& error) {
-        if (use != GpuUse::Auto) {
+        if (m_use != GpuUse::Auto) {
             throw host::Error(std::string(error.what()) + "; leave out --gpu, or use --gpu=auto");
         }
-        note(std::string("rendering on the processor without OpenGL: ") + error.what());
-        return std::make_unique<ProcessorRenderer>();
+        notes.push_back(std::string("rendering on the processor without OpenGL: ") + error.what());
+        return std::make_shared<ProcessorRenderer>();
     }
 }
 

@@ -2,11 +2,11 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
 #include "frame_renderer.h"
-#include "notes.h"
 
 namespace brushworks::tools {
 
@@ -22,9 +22,27 @@ enum class GpuUse {
 std::vector<std::string> gpuWords();
 GpuUse gpuUseOf(const std::string& word);
 
-/// The renderer for frames of that size; a note says on what they render, where that is not the
-/// processor by the user's own choice. Throws host::Error where `use` cannot be met.
-std::unique_ptr<FrameRenderer> chooseRenderer(GpuUse use, const host::Effect& effect, int width,
-                                              int height, const Notes& note);
+class CardRenderer;
+
+/// The renderers of a run: all that render on the card share one context. [any thread]
+class RendererChoice {
+  public:
+    explicit RendererChoice(GpuUse use);
+    ~RendererChoice();
+
+    /// The renderer for frames of that size, to be asked before the first. A note is added that
+    /// says on what they render, where that is not the processor by the user's own choice. Throws
+    /// host::Error where the choice cannot be met.
+    std::shared_ptr<FrameRenderer> rendererFor(const host::Effect& effect, int width, int height,
+                                               std::vector<std::string>& notes);
+
+  private:
+    std::shared_ptr<CardRenderer> card();
+
+    const GpuUse m_use;
+    std::mutex m_mutex;
+    std::shared_ptr<CardRenderer> m_pCard;
+    std::string m_sWhyNoCard;
+};
 
 }  // namespace brushworks::tools

@@ -12,9 +12,11 @@ namespace {
 
 struct Record {
     std::mutex mutex;
-    LoggedErrors counts;
     std::string lastError;
 };
+
+/// Readers of pictures run side by side, each on one thread.
+thread_local LoggedErrors t_counts;
 
 Record& record() {
     static Record instance;
@@ -37,11 +39,10 @@ void receive(void* source, int level, const char* format, va_list arguments) {
     std::string text = line;
     text.erase(text.find_last_not_of(" \r\n.") + 1);
     const AVClassCategory category = categoryOf(source);
-
+    if (category == AV_CLASS_CATEGORY_DEMUXER) ++t_counts.demuxer;
+    if (category == AV_CLASS_CATEGORY_DECODER) ++t_counts.decoder;
     Record& log = record();
     const std::lock_guard lock(log.mutex);
-    if (category == AV_CLASS_CATEGORY_DEMUXER) ++log.counts.demuxer;
-    if (category == AV_CLASS_CATEGORY_DECODER) ++log.counts.decoder;
     if (!text.empty()) log.lastError = text;
 }
 
@@ -52,8 +53,7 @@ void captureLog() {
 }
 
 LoggedErrors loggedErrors() {
-    const std::lock_guard lock(record().mutex);
-    return record().counts;
+    return t_counts;
 }
 
 std::string takeLastError() {

@@ -6,7 +6,8 @@
 
 namespace brushworks::media {
 
-/// How many lines of level error or worse the readers of files have logged.
+/// How many lines of level error or worse demuxers, and decoders without threads of their own, have
+/// logged on the thread that asks.
 struct LoggedErrors {
     int demuxer = 0;
     int decoder = 0;

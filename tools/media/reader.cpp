@@ -125,6 +125,10 @@ void Reader::openDecoder(const AVCodec* codec) {
 
 FramePtr Reader::next() {
     if (m_bPicture && m_nFrames > 0) return nullptr;
+    if (m_pAgain) {
+        ++m_nFrames;
+        return std::move(m_pAgain);
+    }
     FramePtr frame = newFrame();
     for (;;) {
         const int result = avcodec_receive_frame(m_pDecoder.get(), frame.get());
@@ -144,34 +148,58 @@ FramePtr Reader::next() {
 }
 
 void Reader::feedDecoder() {
-    PacketPtr packet = newPacket();
-    const int result = av_read_frame(m_pInput.get(), packet.get());
-    if (result < 0 && result != AVERROR_EOF) failDamaged(reason(result));
-    if (m_pIo->error < 0) failDamaged(reason(m_pIo->error));
-    if (result == AVERROR_EOF) packet.reset();
+    PacketPtr packet;
+    if (m_ahead.empty()) {
+        packet = readVideoPacket();
+    } else {
+        packet = std::move(m_ahead.front());
+        m_ahead.pop_front();
+    }
+    const int sent = avcodec_send_packet(m_pDecoder.get(), packet.get());
+    if (sent < 0) failDamaged(reason(sent));
+}
 
-    if (m_bPipe) checkPipe(packet.get());
-    if (!packet || packet->stream_index == m_nVideo) {
-        if (packet && (packet->flags & AV_PKT_FLAG_CORRUPT) != 0) {
-            failDamaged("a frame is cut short");
+PacketPtr Reader::readVideoPacket() {
+    for (;;) {
+        PacketPtr packet = newPacket();
+        const int result = av_read_frame(m_pInput.get(), packet.get());
+        if (result < 0 && result != AVERROR_EOF) failDamaged(reason(result));
+        if (m_pIo->error < 0) failDamaged(reason(m_pIo->error));
+        if (result == AVERROR_EOF) packet.reset();
+        if (m_bPipe) checkPipe(packet.get());
+        if (!packet) return nullptr;
+        const bool cutShort = (packet->flags & AV_PKT_FLAG_CORRUPT) != 0;
+        if (packet->stream_index == m_nVideo) {
+            if (cutShort) failDamaged("a frame is cut short");
+            const bool jpeg = m_bPicture && m_pDecoder->codec_id == AV_CODEC_ID_MJPEG;
+            if (jpeg && !jpegHasEnd({packet->data, static_cast<std::size_t>(packet->size)})) {
+                failDamaged("its end is missing");
+            }
+            ++m_nPackets;
+            return packet;
         }
-        const bool jpeg = m_bPicture && m_pDecoder->codec_id == AV_CODEC_ID_MJPEG;
-        if (packet && jpeg && !jpegHasEnd({packet->data, static_cast<std::size_t>(packet->size)})) {
-            failDamaged("its end is missing");
+        if (cutShort) {
+            failDamaged("a packet of stream " + std::to_string(packet->stream_index) +
+                        " is cut short");
         }
-        const int sent = avcodec_send_packet(m_pDecoder.get(), packet.get());
-        if (sent < 0) failDamaged(reason(sent));
-        return;
+        setAside(std::move(packet));
     }
-    if ((packet->flags & AV_PKT_FLAG_CORRUPT) != 0)
-        failDamaged("a packet of stream " + std::to_string(packet->stream_index) + " is cut short");
-    if (m_nShift != 0) {
-        const AVRational base = m_pInput->streams[packet->stream_index]->time_base;
-        const std::int64_t shift = av_rescale_q(m_nShift, kMicroseconds, base);
-        if (packet->pts != AV_NOPTS_VALUE) packet->pts += shift;
-        if (packet->dts != AV_NOPTS_VALUE) packet->dts += shift;
-    }
+}
+
+void Reader::setAside(PacketPtr packet) {
+    shiftBy(*packet, m_nShift, kMicroseconds);
     m_packets.push_back(std::move(packet));
+}
+
+void Reader::shift(AVPacket& packet, std::int64_t time) const {
+    shiftBy(packet, time, timeBase());
+}
+
+void Reader::shiftBy(AVPacket& packet, std::int64_t time, AVRational base) const {
+    const AVRational own = m_pInput->streams[packet.stream_index]->time_base;
+    const std::int64_t shift = av_rescale_q(time, base, own);
+    if (packet.pts != AV_NOPTS_VALUE) packet.pts += shift;
+    if (packet.dts != AV_NOPTS_VALUE) packet.dts += shift;
 }
 
 void Reader::checkPipe(const AVPacket* packet) {
@@ -212,6 +240,10 @@ void Reader::fixTimes(AVFrame& frame) {
 }
 
 void Reader::failDamaged(const std::string& how) const {
+    // What decoders say of sizes whose bytes they cannot count.
+    if (how.find("image size") != std::string::npos) {
+        throw MediaError(m_sPath + " is too large; FFmpeg's libraries read about 16000x16000");
+    }
     throw MediaError(m_sPath + " is damaged or incomplete: " + how);
 }
 
@@ -237,6 +269,11 @@ double Reader::secondsOf(const AVPacket& packet) const {
     const double start = static_cast<double>(videoStart()) * av_q2d(timeBase());
     const std::int64_t time = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
     return static_cast<double>(time) * av_q2d(stream.time_base) - start;
+}
+
+bool Reader::isCover(const AVPacket& packet) const {
+    const AVStream& stream = *m_pInput->streams[packet.stream_index];
+    return (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
 }
 
 AVRational Reader::frameRate() const {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,6 +28,15 @@ class Reader {
     /// when the file is damaged or ends too early.
     FramePtr next();
 
+    /// Makes frame `number`, counted from 0, the one that next() gives, behind those that it gave
+    /// already. Frames in front of it are not even decoded where the file tells what depends on
+    /// them. False when that went wrong: then a new reader has to decode them all.
+    bool skipTo(std::int64_t number);
+
+    /// Reads packets of other streams on until they are `seconds` far, without frames. Nothing
+    /// can be decoded any more.
+    void readOthersTo(double seconds);
+
     /// The packets to be copied that have been read by the way, in their order, since the last
     /// call. Their stream_index is that of a stream of input().
     std::deque<PacketPtr> takePackets() { return std::exchange(m_packets, {}); }
@@ -42,6 +52,10 @@ class Reader {
     double secondsOf(const AVFrame& frame) const;
     /// The same of a packet that was handed out.
     double secondsOf(const AVPacket& packet) const;
+    /// Whether a packet that was handed out is a picture of the whole, which has no time.
+    bool isCover(const AVPacket& packet) const;
+    /// Moves a packet that was handed out by `time`, in timeBase().
+    void shift(AVPacket& packet, std::int64_t time) const;
     AVRational timeBase() const { return video().time_base; }
     AVRational frameRate() const;
     /// Whether frames follow each other at different intervals.
@@ -57,7 +71,21 @@ class Reader {
     void openDecoder(const AVCodec* codec);
     void skipOtherVideo();
     void feedDecoder();
+    /// The next packet of the video, null at the end; packets of other streams are set aside.
+    PacketPtr readVideoPacket();
+    void setAside(PacketPtr packet);
+    void shiftBy(AVPacket& packet, std::int64_t time, AVRational base) const;
     void checkPipe(const AVPacket* packet);
+    /// Whether each packet is one frame, and those that are marked as keys need none before them.
+    bool countsPackets() const;
+    bool skipPackets(std::int64_t number);
+    /// Goes to a key frame that is packet `most` or before it, where the index tells it.
+    bool seekBefore(std::int64_t most);
+    /// The number of a packet by the index.
+    std::optional<std::int64_t> placeOf(const AVPacket& packet) const;
+    /// Goes on with packets from number `key` on, a key frame's.
+    bool startAt(std::int64_t key, std::deque<PacketPtr> packets);
+    void dropOthersBefore(const AVPacket& key);
     /// The time of the first frame, as frames are handed out.
     std::int64_t videoStart() const;
     void checkFrame(const AVFrame& frame) const;
@@ -72,7 +100,10 @@ class Reader {
     int m_nVideo = -1;
     bool m_bPicture = false;
     bool m_bPipe = false;
-    std::deque<PacketPtr> m_packets;
+    std::deque<PacketPtr> m_packets;  ///< of other streams
+    std::deque<PacketPtr> m_ahead;    ///< of the video, read but not decoded yet
+    FramePtr m_pAgain;                ///< decoded, but not handed out yet, or null
+    std::int64_t m_nPackets = 0;      ///< of the video that have been read
     LoggedErrors m_errorsAtStart;
     std::int64_t m_nFrames = 0;
     std::int64_t m_nShift = 0;  ///< added to all times, in AV_TIME_BASE units

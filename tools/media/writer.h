@@ -7,29 +7,10 @@
 #include <vector>
 
 #include "media/av.h"
-#include "media/encoder.h"
+#include "media/encoder_setup.h"
 #include "media/output_format.h"
-#include "media/raster.h"
 
 namespace brushworks::media {
-
-/// How the fields of a frame follow each other.
-enum class FieldOrder { Progressive, TopFirst, BottomFirst };
-
-/// What the written picture or video stream is like.
-struct VideoSettings {
-    Encoding encoding;
-    Raster raster;
-    AVRational timeBase = {1, 25};    ///< of the frames' times
-    AVRational frameRate = {0, 1};    ///< 0/1 where it is not known
-    AVRational pixelAspect = {0, 1};  ///< 0/1 where it is not known
-    AVColorPrimaries primaries = AVCOL_PRI_UNSPECIFIED;
-    AVColorTransferCharacteristic transfer = AVCOL_TRC_UNSPECIFIED;
-    AVChromaLocation chromaLocation = AVCHROMA_LOC_UNSPECIFIED;
-    bool tagMatrix = true;  ///< false where the input left its matrix open
-    bool tagRange = true;   ///< likewise the range
-    FieldOrder fields = FieldOrder::Progressive;
-};
 
 /// What is copied beside the frames.
 struct Companions {
@@ -55,7 +36,6 @@ class Writer {
     void finish();
 
   private:
-    void openEncoder(const OutputFormat& format, const VideoSettings& settings);
     void addVideoStream(const VideoSettings& settings, const Companions& companions);
     void addCompanions(const OutputFormat& format, const Companions& companions);
     void writeHead(const OutputFormat& format, const std::string& url, const std::string& failure);
