@@ -284,6 +284,26 @@ TEST_F(OnCard, ASmallerDestinationShowsTheWholePicture) {
     EXPECT_TRUE(alike(small.frame(), expected.frame(), {}));
 }
 
+TEST_F(OnCard, PosterizePassesThroughASmallerDestination) {
+    // Its colours go there at once and come back for their levels: corners meet corners both ways,
+    // and the closing copy takes the texel under each pixel's centre.
+    Picture source = host::gl::testPicture(97, 49, PixelFormatBGRA8);
+    Picture whole(97, 49, PixelFormatBGRA8), small(33, 17, PixelFormatBGRA8);
+    Picture expected(33, 17, PixelFormatBGRA8);
+    Use(kPosterize);
+    ASSERT_TRUE(RenderOnProcessor(source, whole));
+    ASSERT_TRUE(RenderOnCard(source, small));
+    const auto texelOf = [](std::size_t i, std::size_t size, std::size_t smaller) {
+        const std::size_t copied = (2 * i + 1) * size / (2 * smaller);
+        return (copied + 1) / 3 * 3;  // every third texel went into the destination
+    };
+    for (std::size_t y = 0; y < 17; ++y)
+        for (std::size_t x = 0; x < 33; ++x)
+            std::copy_n(&whole.bytes[(texelOf(y, 49, 17) * 97 + texelOf(x, 97, 33)) * 4], 4,
+                        &expected.bytes[(y * 33 + x) * 4]);
+    EXPECT_TRUE(alike(small.frame(), expected.frame(), {}));
+}
+
 TEST_F(OnCard, EveryOtherDitherOfPosterizeIsTheOrderedOne) {
     Picture source = host::gl::testPicture(61, 47, PixelFormatBGRA8);
     Picture ordered(61, 47, PixelFormatBGRA8), other(61, 47, PixelFormatBGRA8);
