@@ -51,6 +51,8 @@ function(brushworks_test name)
     return()
   endif()
   add_executable(${name} ${ARG_SOURCES})
+  # A test compiles longer than it runs: what it tests is optimised, it is not.
+  target_compile_options(${name} PRIVATE $<IF:$<BOOL:${BRUSHWORKS_SANITIZE}>,-O0,-O1>)
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} brushworks_options GTest::gtest GTest::gmock GTest::gtest_main)
   set(sanitizer ASAN)
   if(BRUSHWORKS_SANITIZE STREQUAL "thread")
