@@ -96,6 +96,44 @@ inline I32 SumOfPairs(I16 a, I16 b) {
 #endif
 }
 
+/// The upper half of each product.
+inline U16 UpperProduct(U16 a, U16 b) {
+#if defined(__AVX512BW__)
+    return (U16)_mm512_mulhi_epu16((__m512i)a, (__m512i)b);
+#elif defined(__AVX2__)
+    return (U16)_mm256_mulhi_epu16((__m256i)a, (__m256i)b);
+#elif defined(__SSE2__)
+    return (U16)_mm_mulhi_epu16((__m128i)a, (__m128i)b);
+#else
+    const auto low = ((U32)a & 0xFFFF) * ((U32)b & 0xFFFF);
+    const auto high = ((U32)a >> 16) * ((U32)b >> 16);
+    return (U16)(low >> 16 | (high & 0xFFFF0000u));
+#endif
+}
+
+#if defined(__AVX512BW__)
+/// The elements of `low` and `high`, taken as one sequence, at the places given modulo 64.
+inline U16 PickOfTwo(U16 low, U16 high, U16 places) {
+    return (U16)_mm512_permutex2var_epi16((__m512i)low, (__m512i)places, (__m512i)high);
+}
+#elif defined(__AVX2__)
+/// In each 16 bytes, those of `table` at the places given modulo 16; 0 for places from 128 on.
+inline U8 PickOfSixteen(U8 table, U8 places) {
+    return (U8)_mm256_shuffle_epi8((__m256i)table, (__m256i)places);
+}
+/// a - b of signed bytes, at least -128.
+inline U8 CutDifference(U8 a, U8 b) {
+    return (U8)_mm256_subs_epi8((__m256i)a, (__m256i)b);
+}
+#elif defined(__SSSE3__)
+inline U8 PickOfSixteen(U8 table, U8 places) {
+    return (U8)_mm_shuffle_epi8((__m128i)table, (__m128i)places);
+}
+inline U8 CutDifference(U8 a, U8 b) {
+    return (U8)_mm_subs_epi8((__m128i)a, (__m128i)b);
+}
+#endif
+
 /// Float to 8 bits: cut to 0..255, nearest, ties to even, NaN to 0. Adding 1.5 * 2^23 leaves the
 /// rounded number in the low bits.
 inline I32 R8(F32 v) {

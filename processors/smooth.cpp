@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <numeric>
 
 #include "frames/fast_math.h"
 #include "frames/memory_allocator.h"
@@ -13,6 +14,10 @@
 
 namespace brushworks::Processors {
 namespace {
+
+/// What a flat neighbourhood's weights of the whole kernel add up to at least, of 256, where whole
+/// weights do.
+constexpr int kLeastHeld = 64;
 
 /// About exp(-t): the reciprocal of a cut-off series. It falls with t, rounding included.
 float Falloff(float t) {
@@ -66,7 +71,16 @@ void CSmooth::FillGaussKernel(int size, float sigma) {
         x += step;
     }
     m_anKernel[size / 2] = kCentre;
-    const int divisor = (2 * sum + kCentre) >> 8;
+    sum = 2 * sum + kCentre;
+
+    // Whole weights that add up to 256 are few steps each where taps are many, and are lost in
+    // rounding in the end: then the picture would darken, and finer weights are taken.
+    const int total = sum >> 8;
+    const int held = std::accumulate(m_anKernel, m_anKernel + size, 0, [&](int all, int weight) {
+        return all + (255 * (weight / total) >> 8);
+    });
+    m_nUnit = held >= kLeastHeld ? kSmoothUnit : kFineSmoothUnit;
+    const int divisor = m_nUnit == kSmoothUnit ? total : sum >> 16;
     for (int i = 0; i < size; ++i) m_anKernel[i] /= divisor;
 }
 
@@ -106,7 +120,7 @@ void CSmooth::Render(CFrame& src, CFrame& dst, CFrame* scratch, MemoryAllocator*
     FillGaussKernel(span, spatial * spatial);
     FillRangeTable(range);
     FillToneTable(tone);
-    const SmoothWeights weights = {span / 2, m_anKernel, m_anRange + 255, m_abTone};
+    const SmoothWeights weights = {span / 2, m_nUnit, m_anKernel, m_anRange + 255, m_abTone};
     if (rows(src.m_pBuffer, src.m_nByteSpan, scratch->m_pBuffer, scratch->m_nByteSpan, size,
              &weights) == kStatusOk)
         columns(scratch->m_pBuffer, scratch->m_nByteSpan, dst.m_pBuffer, dst.m_nByteSpan, size,

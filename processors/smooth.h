@@ -32,7 +32,8 @@ class CSmooth {
     void Render_8u_AC4R(CFrame* src, CFrame* dst, CFrame* scratch, MemoryAllocator* allocator,
                         float spatial, float range, float radius, float tone, bool doubled);
 
-    /// Weights of `size` taps, at most 619, that add up to about 256.
+    /// Weights of `size` taps, at most 619, that add up to about 256; to about 65536 where rounding
+    /// would leave too little of those.
     void FillGaussKernel(int size, float sigma);
 
     static constexpr int kLargestSpan = 619;
@@ -40,6 +41,7 @@ class CSmooth {
     int m_anKernel[kLargestSpan + 1];  ///< by tap
     int m_anRange[511];                ///< by difference of samples plus 255
     unsigned char m_abTone[256];       ///< what a result is replaced by
+    int m_nUnit;  ///< what a sum of weights begins with: 1, or 256 for the finer weights
 
   private:
     void FillRangeTable(float range);
