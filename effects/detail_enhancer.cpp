@@ -74,6 +74,7 @@ void Enhance(const CFrame& src, const CFrame& blurred, const CFrame& dst, float 
 bool DetailEnchancer(CFrame* src, CFrame* dst, float amount, float size, bool field,
                      MemoryAllocator* allocator) {
     if (!Processors::IsByteColor(*src) && !Processors::IsFloatColor(*src)) return true;
+    if (!src->m_pBuffer || !dst->m_pBuffer) return true;
     CFrame blurred;
     if (!(size > 0.0f) || !(amount > 0.0f) ||
         !blurred.Init(src->m_nWidth, src->m_nHeight, src->m_nDepth, allocator, src->m_pfPixelFormat,

@@ -3,14 +3,15 @@
 
 #include <cstdlib>
 #include <map>
+#include <vector>
 
 #include "brushworks/host.h"
 #include "brushworks/memory.h"
 
 namespace brushworks::testing {
 
-/// Lends memory, counts what is out, and refuses once `refuseAfter` pieces were lent. Lives on the
-/// stack: its count is only watched.
+/// Lends memory, counts what is out, and refuses once `refuseAfter` pieces were lent, or one
+/// request alone. Lives on the stack: its count is only watched.
 class CountingAllocator : public IMemoryAllocator {
   public:
     std::uint32_t QueryInterface(const _GUID&, void** face) override {
@@ -32,10 +33,12 @@ class CountingAllocator : public IMemoryAllocator {
     int out = 0;
     int lent = 0;
     int refuseAfter = 1 << 30;
+    int asked = 0;
+    int refuseOnly = -1;  ///< by the number of the request, from 0
 
   private:
     void* Lend(std::size_t bytes) {
-        if (lent >= refuseAfter) return nullptr;
+        if (asked++ == refuseOnly || lent >= refuseAfter) return nullptr;
         ++lent;
         ++out;
         return std::malloc(bytes);
@@ -61,12 +64,14 @@ class TestHost : public IVideoHost {
     std::uint32_t AddRef() override { return 2; }
     std::uint32_t Release() override { return 1; }
     bool GetParam(unsigned int index, EffectParam* value, unsigned int) override {
+        asked.push_back(index);
         *value = values[index];
         return true;
     }
     HostInfo GetHostInfo() override { return {"test", {}}; }
 
     std::map<unsigned int, EffectParam> values;
+    std::vector<unsigned int> asked;  ///< in this order
 
   private:
     CountingAllocator* m_allocator;

@@ -94,13 +94,14 @@ bool CEffect::Render(IVideoHost* host, FrameParams* source, FrameParams*, FrameP
     if (!frames.Open(source, destination)) return false;
 
     RenderJob job{parameters, frames.source, frames.destination, info, AreFields(info), allocator};
-    if (!Paint(job)) return false;
-
-    RestoreAlpha(job);
-    FrameParams rendered = frames.destination.GetFrameParams();
-    if (AllowWatermark()) AddWatermark(host, &rendered, 1.0f);
-    if (AllowUsageStatistics()) AddUsageStatistics(GetName(), &rendered);
-    return true;
+    const bool painted = Paint(job);
+    if (painted) {
+        RestoreAlpha(job);
+        if (AllowWatermark()) AddWatermark(host, destination, 1.0f);
+    }
+    if ((painted || TellsOfEveryRender()) && AllowUsageStatistics())
+        AddUsageStatistics(GetName(), destination);
+    return painted;
 } catch (...) {  // memory ran out: no exception crosses the boundary
     return false;
 }

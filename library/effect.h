@@ -63,6 +63,8 @@ class CEffect : public GPUEffectHelper, public IParamToolTip, private CBaseEffec
     /// the mark and statistics are seen to afterwards, unless the result is false. An effect that
     /// does not override this has no render on the processor.
     virtual bool Paint(RenderJob& job);
+    /// Statistics hear of a render that failed, too.
+    virtual bool TellsOfEveryRender() const { return false; }
 
     /// What a card has to answer for before the effect says that it renders there. The record of
     /// features is, at this moment, as the host filled it. False settles the question without an

@@ -19,6 +19,10 @@ bool DepthSuits(const CFrame& frame) {
     return frame.m_pfPixelFormat != PixelFormatMono8 || frame.m_nDepth == 1;
 }
 
+bool IsBytePlane(const CFrame& frame) {
+    return frame.m_pfPixelFormat == PixelFormatMono8;
+}
+
 bool IsAligned(const CFrame& frame) {
     const int sample = BytesPerSample(frame);
     return reinterpret_cast<std::uintptr_t>(frame.m_pBuffer) % sample == 0 &&
@@ -47,7 +51,7 @@ bool HavePixelsAlike(const CFrame& a, const CFrame& b) {
 bool HostFrames::Open(const FrameParams* sourceParams, const FrameParams* destinationParams) {
     if (!OpenHostFrame(sourceParams, m_wholeSource) ||
         !OpenHostFrame(destinationParams, m_wholeDestination) ||
-        !HavePixelsAlike(m_wholeSource, m_wholeDestination))
+        !(HavePixelsAlike(m_wholeSource, m_wholeDestination) || IsBytePlane(m_wholeSource)))
         return false;
     const IppiSize overlap = Processors::CommonSize(m_wholeSource, m_wholeDestination);
     source.Init(&m_wholeSource, 0, 0, overlap.width, overlap.height, m_wholeSource.m_bFlipped);

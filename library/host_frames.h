@@ -25,7 +25,7 @@ bool HavePixelsAlike(const CFrame& a, const CFrame& b);
 class HostFrames {
   public:
     /// False where OpenHostFrame is, and for frames whose pixels are not alike: nothing can be made
-    /// of those.
+    /// of those. A source of single bytes goes with any destination.
     bool Open(const FrameParams* sourceParams, const FrameParams* destinationParams);
 
     CFrame source;

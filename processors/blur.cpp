@@ -46,6 +46,12 @@ bool TurnsRound(const Job& job) {
            (to == PixelFormatBGRA32f && from == PixelFormatARGB32f);
 }
 
+/// The steps leave alpha alone where the destination has it, which here is a colour of the source.
+bool MovesAlpha(const Job& job) {
+    return !job.allChannels && job.dst.m_pfPixelFormat == PixelFormatARGB8 &&
+           job.src.m_pfPixelFormat != PixelFormatARGB8;
+}
+
 /// 8-bit frames, `dst` of the region's size.
 bool BlurBytes(const Job& job) {
     const int depth = job.src.m_nDepth;
@@ -151,7 +157,8 @@ bool Blur(const Job& job) {
     const PixelFormat format = job.dst.m_pfPixelFormat;
     const int depth = job.src.m_nDepth;
     if (IsBytes(format) && (depth == 4 || depth == 1)) {
-        const bool plain = depth == 1 || (IsByteColor(job.src) && IsByteColor(job.dst));
+        const bool plain =
+            depth == 1 || (IsByteColor(job.src) && IsByteColor(job.dst) && !MovesAlpha(job));
         const bool fills =
             job.dst.m_nWidth == job.region.width && job.dst.m_nHeight == job.region.height;
         return plain && fills ? BlurBytes(job) : BlurInSteps<std::int32_t>(job);

@@ -9,6 +9,28 @@
 namespace brushworks::Processors {
 namespace {
 
+/// The first of the colour formats' bytes and floats have alpha last; for all others, planes among
+/// them, its place is told as 0.
+int PlaneToRestore(const CFrame& frame) {
+    return frame.m_pfPixelFormat == PixelFormatBGRA8 || frame.m_pfPixelFormat == PixelFormatBGRA32f
+               ? 3
+               : 0;
+}
+
+float CutToUnit(float sample) {
+    const float raised = sample > 0.0f ? sample : 0.0f;
+    return raised < 1.0f ? raised : 1.0f;
+}
+
+/// In place nothing brings back the alpha that the cut to 0..1 has gone over.
+void ClampAlpha(CFrame& frame, IppiSize size, int plane) {
+    for (int y = 0; y < size.height; ++y) {
+        float* alpha = RowOf<float>(frame, y) + plane;
+        for (std::ptrdiff_t i = 0; i < std::ptrdiff_t{4} * size.width; i += 4)
+            alpha[i] = CutToUnit(alpha[i]);
+    }
+}
+
 /// The cut to 0..1 goes over the whole destination; the matrix has left out what lies beyond the
 /// common rectangle.
 void ClampOutside(CFrame& dst, IppiSize common) {
@@ -24,7 +46,7 @@ void ClampOutside(CFrame& dst, IppiSize common) {
 bool CColorTwist::Process(CFrame* src, CFrame* dst, float contrast, float brightness,
                           float saturation, float hue, unsigned int color, float colorAmount,
                           MemoryAllocator&) {
-    const int plane = AlphaPlane(*src);
+    const int plane = PlaneToRestore(*src);
     if (!IsByteColor(*src) && !IsFloatColor(*src)) {
         CCopy().Process(src, dst);
         CCopyPlane().Process(src, dst, plane, plane);
@@ -44,6 +66,7 @@ bool CColorTwist::Process(CFrame* src, CFrame* dst, float contrast, float bright
         TwistBytes_C4R(src->m_pBuffer, src->m_nByteSpan, dst->m_pBuffer, dst->m_nByteSpan, size,
                        matrix, alpha);
     if (src->m_pfPixelFormat == PixelFormatBGRA32f) ClampOutside(*dst, size);
+    if (IsFloatColor(*src) && src->m_pBuffer == dst->m_pBuffer) ClampAlpha(*dst, size, plane);
     return true;
 }
 
@@ -57,8 +80,7 @@ bool CColorTwist::ClampValues(CFrame* frame) {
     for (int y = 0; y < frame->m_nHeight; ++y) {
         float* row = RowOf<float>(*frame, y);
         for (std::ptrdiff_t i = 0; i < std::ptrdiff_t{4} * frame->m_nWidth; ++i) {
-            const float raised = row[i] > 0.0f ? row[i] : 0.0f;
-            row[i] = raised < 1.0f ? raised : 1.0f;
+            row[i] = CutToUnit(row[i]);
         }
     }
     return true;

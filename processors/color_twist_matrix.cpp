@@ -40,7 +40,7 @@ void Multiply(const Matrix& left, const Matrix& right, Matrix& result) {
 float ContrastFactor(float contrast) {
     const float p =
         contrast < 0.5f ? 2.0f * 0.4575f * contrast : 1.0f - 2.0f * 0.5425f * (1.0f - contrast);
-    return 3.8f * p * p + 0.2f;
+    return 3.8f * (p * p) + 0.2f;
 }
 
 /// The exponent puts the neutral 0.5 at a factor of 1.

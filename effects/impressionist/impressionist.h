@@ -12,6 +12,7 @@ class CImpressionist final : public CEffect {
 
   protected:
     bool Paint(RenderJob& job) override;
+    bool TellsOfEveryRender() const override { return true; }
     bool GetGPUProbes(GPUProbes& probes) const override;
 };
 

