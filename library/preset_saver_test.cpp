@@ -59,7 +59,7 @@ constexpr char kNotLoaded[] =
     "Couldn't load preset|An unexpected error occured. The preset was unable to be loaded.|OK";
 constexpr char kOtherEffect[] =
     "Couldn't load preset|The saved preset doesn't match the current version of the effect.|OK";
-constexpr unsigned int kOil = 7;
+constexpr unsigned int kOil = 7, kNoEffect = ~0u;
 
 class PresetSaver : public ::testing::Test {
   protected:
@@ -120,8 +120,8 @@ TEST_F(PresetSaver, EachCallGivesANewObjectWithItsFaces) {
 
 TEST_F(PresetSaver, EveryPresetOfEveryEffectSurvivesItsFile) {
     int presets = 0;
-    for (unsigned int effect = 0; effect < 12; ++effect) {
-        const Reference<IVideoEffect> object(library->CreateEffect(effect));
+    for (unsigned int effect = 0;
+         const Reference<IVideoEffect> object{library->CreateEffect(effect)}; ++effect) {
         const std::string extension = std::string("fxpbwk") + static_cast<char>('a' + effect);
         for (unsigned int index = 0; object->EnumPreset(index); ++index, ++presets) {
             SCOPED_TRACE(std::string(object->GetName()) + ", " + object->EnumPreset(index));
@@ -173,7 +173,7 @@ TEST_F(PresetSaver, TellsWhatCouldNotBeSaved) {
         EXPECT_EQ(panels.said[1], kNotSaved + reason + "|OK");
         EXPECT_EQ(panels.parent, window);
     };
-    expectAlert(12);  // there is no such effect
+    expectAlert(kNoEffect);
     preset.nParamCount = 101;
     expectAlert(kOil);
     preset.nParamCount = 1;
@@ -214,7 +214,7 @@ TEST_F(PresetSaver, TellsWhatCouldNotBeLoaded) {
     expectAlert(kOil, kNotLoaded);  // no file yet
     ASSERT_EQ(Save(&preset), 0);
     expectAlert(kOil + 1, kOtherEffect);
-    expectAlert(12, kOtherEffect);
+    expectAlert(kNoEffect, kOtherEffect);
     EXPECT_EQ(saver->Load(window, library.get(), kOil, nullptr, nullptr), 1);
     EXPECT_EQ(panels.said.back(), kNotLoaded);
     std::ofstream(*panels.path) << "<Other/>";
@@ -254,7 +254,7 @@ TEST_F(PresetSaver, ValidationComparesNamesAndTypes) {
     EXPECT_FALSE(passes([](P& p) { std::strcpy(p.szLibraryName, "lumenfold brushworks"); }));
     EXPECT_FALSE(passes([](P& p) { std::strcpy(p.szEffectName, "Oil "); }));
     EXPECT_FALSE(ValidatePreset(library.get(), kOil, nullptr));
-    EXPECT_FALSE(ValidatePreset(library.get(), 12, &good));
+    EXPECT_FALSE(ValidatePreset(library.get(), kNoEffect, &good));
     EXPECT_TRUE(ValidatePreset(nullptr, kOil, &good));
     good.nParamCount = 0;
     EXPECT_FALSE(ValidatePreset(nullptr, kOil, &good));
