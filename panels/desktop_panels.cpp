@@ -34,7 +34,7 @@ std::optional<std::string> DesktopPanels::ChooseToSave(OpaqueWindowPtr* parent,
                                                        const FileRequest& request) {
     FileRequest asked = request;
     for (int panels = 0; panels < kMostPanels; ++panels) {
-        const auto path = Choose(WindowIdOf(parent), Purpose::kSave, asked);
+        auto path = Choose(WindowIdOf(parent), Purpose::kSave, asked);
         if (!path || path->empty()) return path;
         const std::string whole = WithExtension(*path, request.extension);
         if (whole == *path || !IsThere(whole)) return whole;
