@@ -21,7 +21,6 @@ namespace brushworks::host {
 namespace {
 
 using ::testing::AllOf;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 TEST(Library, SaysWhatItCouldNotLoadAndWhere) {
