@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "frames/testing_host.h"
 #include "library/class_table.h"
+#include "library/reference.h"
 #include "processors/testing.h"
 
 namespace brushworks::testing {
@@ -14,13 +13,7 @@ namespace brushworks::testing {
 /// Effects are numbered from 0.
 inline constexpr unsigned int kEffects = 12;
 
-struct Releaser {
-    template <class Object>
-    void operator()(Object* object) const {
-        object->Release();
-    }
-};
-using EffectPointer = std::unique_ptr<IVideoEffect, Releaser>;
+using EffectPointer = Reference<IVideoEffect>;
 
 /// Puts the effect's defaults into the host's values.
 inline void UseDefaults(IVideoEffect& effect, TestHost& host) {

@@ -2,35 +2,32 @@
 
 #include <strings.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <cstring>
 #include <new>
+#include <utility>
 
 #include "brushworks/guid.h"
 
 namespace brushworks {
 namespace {
 
-void AppendUTF8(std::string& out, std::uint32_t code) {
+/// The bytes of one character; what is none becomes U+FFFD.
+std::size_t EncodeUTF8(std::uint32_t code, char (&out)[4]) {
     const bool none = code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF);
     if (none) code = 0xFFFD;
-    auto tail = [&](int shift) { out += static_cast<char>(0x80 | (code >> shift & 0x3F)); };
     if (code < 0x80) {
-        out += static_cast<char>(code);
-    } else if (code < 0x800) {
-        out += static_cast<char>(0xC0 | code >> 6);
-        tail(0);
-    } else if (code < 0x10000) {
-        out += static_cast<char>(0xE0 | code >> 12);
-        tail(6);
-        tail(0);
-    } else {
-        out += static_cast<char>(0xF0 | code >> 18);
-        tail(12);
-        tail(6);
-        tail(0);
+        out[0] = static_cast<char>(code);
+        return 1;
     }
+    const std::size_t length = code < 0x800 ? 2 : code < 0x10000 ? 3 : 4;
+    constexpr std::uint32_t kFirst[] = {0, 0, 0xC0, 0xE0, 0xF0};
+    for (std::size_t i = length - 1; i > 0; --i, code >>= 6)
+        out[i] = static_cast<char>(0x80 | (code & 0x3F));
+    out[0] = static_cast<char>(kFirst[length] | code);
+    return length;
 }
 
 template <class... Values>
@@ -72,14 +69,20 @@ void LFString::Clear() {
     m_nLength = 0;
 }
 
-void LFString::init(const char* text, unsigned long length) {
+bool LFString::Allocate(unsigned long length) {
     Clear();
-    if (!text) return;
     m_pBuffer = new (std::nothrow) char[length + 1];
-    if (!m_pBuffer) return;
-    std::memcpy(m_pBuffer, text, length);
+    if (!m_pBuffer) return false;
     m_pBuffer[length] = '\0';
     m_nLength = length;
+    return true;
+}
+
+void LFString::init(const char* text, unsigned long length) {
+    if (!text)
+        Clear();
+    else if (Allocate(length))
+        std::memcpy(m_pBuffer, text, length);
 }
 
 bool LFString::Equals(const LFString& other) const {
@@ -103,8 +106,12 @@ LFString& LFString::Append(const LFString& other) {
 }
 
 LFString LFString::operator+(const LFString& other) const {
-    std::string joined = GetCFString() + other.GetCFString();
-    return {joined.c_str(), joined.size()};
+    LFString joined;
+    if (joined.Allocate(m_nLength + other.m_nLength)) {
+        std::copy_n(m_pBuffer, m_nLength, joined.m_pBuffer);
+        std::copy_n(other.m_pBuffer, other.m_nLength, joined.m_pBuffer + m_nLength);
+    }
+    return joined;
 }
 
 LFString LFString::Substr(unsigned long start, unsigned long count) const {
@@ -140,15 +147,27 @@ long LFString::IndexLastOf(const LFString& text) const {
 }
 
 LFString& LFString::Replace(const LFString& what, const LFString& with) {
-    std::string result;
-    unsigned long from = 0;
-    for (long at; (at = IndexOf(what, from)) != kNotFound;
-         from = static_cast<unsigned long>(at) + what.m_nLength)
-        result +=
-            Substr(from, static_cast<unsigned long>(at) - from).GetCFString() + with.GetCFString();
-    if (from == 0) return *this;
-    result += Substr(from, m_nLength).GetCFString();
-    init(result.c_str(), result.size());
+    const auto placeFrom = [&](unsigned long from) {
+        const long at = IndexOf(what, from);
+        return at == kNotFound ? m_nLength : static_cast<unsigned long>(at);
+    };
+    unsigned long count = 0;
+    for (unsigned long at = placeFrom(0); at < m_nLength; at = placeFrom(at + what.m_nLength))
+        ++count;
+    if (count == 0) return *this;
+
+    LFString result;
+    if (result.Allocate(m_nLength - count * what.m_nLength + count * with.m_nLength)) {
+        char* to = result.m_pBuffer;
+        for (unsigned long from = 0; from < m_nLength;) {
+            const unsigned long at = placeFrom(from);
+            to = std::copy(m_pBuffer + from, m_pBuffer + at, to);
+            if (at < m_nLength) to = std::copy_n(with.m_pBuffer, with.m_nLength, to);
+            from = at + what.m_nLength;
+        }
+    }
+    std::swap(m_pBuffer, result.m_pBuffer);
+    std::swap(m_nLength, result.m_nLength);
     return *this;
 }
 
@@ -209,10 +228,16 @@ void LFUnicodeString::init(const wchar_t* text, unsigned long length) {
 }
 
 LFString LFUnicodeString::ToUTF8() const {
-    std::string out;
+    char bytes[4];
+    std::size_t length = 0;
     for (std::uint64_t i = 0; i < m_nLength; ++i)
-        AppendUTF8(out, static_cast<std::uint32_t>(m_pBuffer[i]));
-    return {out.c_str(), out.size()};
+        length += EncodeUTF8(static_cast<std::uint32_t>(m_pBuffer[i]), bytes);
+    LFString text;
+    if (!text.Allocate(length)) return text;
+    char* to = text.m_pBuffer;
+    for (std::uint64_t i = 0; i < m_nLength; ++i)
+        to = std::copy_n(bytes, EncodeUTF8(static_cast<std::uint32_t>(m_pBuffer[i]), bytes), to);
+    return text;
 }
 
 }  // namespace brushworks

@@ -9,7 +9,8 @@ namespace brushworks {
 
 struct _GUID;
 
-/// An 8-bit string. An object belongs to one thread.
+/// An 8-bit string. An object belongs to one thread. Without memory a result is empty; nothing is
+/// thrown, but by GetCFString.
 class LFString {
   public:
     /// What searches answer when there is nothing to find.
@@ -75,7 +76,12 @@ class LFString {
     static LFString FromCFString(const __CFString* text);
 
   private:
-    /// Replaces the text by a copy; empty when no memory is to be had.
+    friend class LFUnicodeString;
+
+    /// Replaces the text by one of that length, yet to be written; false, and empty, when no memory
+    /// is to be had.
+    bool Allocate(unsigned long length);
+    /// Replaces the text by a copy.
     void init(const char* text, unsigned long length);
     template <class Same>
     long Find(const LFString& text, unsigned long start, Same same) const;

@@ -21,7 +21,6 @@ namespace brushworks::host {
 namespace {
 
 using ::testing::AllOf;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 TEST(Library, SaysWhatItCouldNotLoadAndWhere) {
@@ -36,17 +35,13 @@ TEST(Library, SaysWhatItCouldNotLoadAndWhere) {
 
 TEST(Library, ListsTheEffectsAndOpensThemByEveryName) {
     const Library library = Library::load();
-    std::vector<std::string> ids;
     for (const EffectEntry& entry : library.effects()) {
-        ids.push_back(entry.id);
         for (const std::string& name : {entry.id, entry.name, std::to_string(entry.index)}) {
             EXPECT_EQ(library.open(name).info().index, entry.index) << name;
         }
     }
-    EXPECT_THAT(ids, ElementsAre("cartoon", "charcoal", "colored-pencil", "halo", "impressionist",
-                                 "mosaic", "mural", "oil", "paper-collage", "pencil-rubbing",
-                                 "posterize", "water-color"));
     EXPECT_EQ(library.open("tOOnery pLUS").info().id, "cartoon");
+    EXPECT_EQ(library.open("halo").info().name, "Aurascope Plus");
     EXPECT_EQ(library.open("WATER-color").info().name, "Water Color");
     EXPECT_THAT(messageOf([&] { library.open("postrize"); }),
                 AllOf(HasSubstr("usage: "), HasSubstr("did you mean \"posterize\"")));

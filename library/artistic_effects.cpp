@@ -6,6 +6,7 @@
 #include "library/class_table.h"
 #include "library/frame_processor.h"
 #include "library/preset_saver.h"
+#include "library/reference.h"
 #include "library/statistics.h"
 
 namespace brushworks {
@@ -22,10 +23,8 @@ CArtisticEffects::CArtisticEffects() {
 
 void CArtisticEffects::TellStatistics() {
     std::vector<const char*> names;
-    for (unsigned int index = 0; IVideoEffect* effect = CreateEffect(index); ++index) {
+    for (unsigned int index = 0; const Reference<IVideoEffect> effect{NewEffect(index)}; ++index)
         names.push_back(effect->GetName());  // a constant: it outlives the effect
-        effect->Release();
-    }
     Statistics().SetEffects(names.data(), static_cast<unsigned int>(names.size()));
 }
 
@@ -48,8 +47,10 @@ std::uint32_t CArtisticEffects::Release() {
     return left;
 }
 
-IVideoEffect* CArtisticEffects::CreateEffect(unsigned int index) {
+IVideoEffect* CArtisticEffects::CreateEffect(unsigned int index) try {
     return NewEffect(index);
+} catch (...) {  // memory ran out: no exception crosses the boundary
+    return nullptr;
 }
 
 IFrameProcessor* CArtisticEffects::GetFrameProcessor() {

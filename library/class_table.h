@@ -5,7 +5,8 @@
 
 namespace brushworks {
 
-/// A new effect with one reference, or null past the last index.
+/// A new effect with one reference, or null past the last index. Throws where memory runs out: null
+/// would say that the collection ends here.
 IVideoEffect* NewEffect(unsigned int index);
 
 }  // namespace brushworks

@@ -14,7 +14,7 @@ bool CEffect::GetGPUProbes(GPUProbes&) const {
     return true;
 }
 
-bool CEffect::GetGPUCapsGL(IVideoHost* pHost, GPUCaps* pCaps, unsigned int) {
+bool CEffect::GetGPUCapsGL(IVideoHost* pHost, GPUCaps* pCaps, unsigned int) try {
     const HostGL hostGL(pHost);
     GPUProbes probes;
     if (!hostGL || !pCaps || !GetGPUProbes(probes)) return false;
@@ -22,6 +22,8 @@ bool CEffect::GetGPUCapsGL(IVideoHost* pHost, GPUCaps* pCaps, unsigned int) {
     const bool supported = RefreshFeatures(*this) && ArePassed(*this, probes) && HasGLPath();
     *pCaps = {.nReserved = 0, .nGPUSupported = supported ? 1 : 0, .bGPUAllowed = allowed};
     return true;
+} catch (...) {  // memory ran out: no exception crosses the boundary
+    return false;
 }
 
 bool CEffect::RenderGL(IVideoHost* pHost, TextureParams* pSrc, TextureParams*, TextureParams* pDst,

@@ -11,8 +11,10 @@ const Processors::COptimize g_optimize;
 
 extern "C" {
 
-IEffectLibrary* GetEffectsLibrary() {
+IEffectLibrary* GetEffectsLibrary() try {
     return new CArtisticEffects;
+} catch (...) {  // memory ran out: no exception crosses the boundary
+    return nullptr;
 }
 
 bool CanUnloadDLLNow() {

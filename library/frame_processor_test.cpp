@@ -1,5 +1,5 @@
-// The frame service: each operation does what the processor or primitive behind it does, on frames
-// whose memory ends with their last pixel, and no record makes it touch anything else.
+// The frame service on frames whose memory ends with their last pixel: what is its own beside the
+// processors and primitives behind it, and that no record makes it touch anything else.
 #include "library/frame_processor.h"
 
 #include <gtest/gtest.h>
@@ -12,15 +12,7 @@
 #include "primitives/resize.h"
 #include "primitives/testing.h"
 #include "primitives/ycbcr.h"
-#include "processors/alpha_blend.h"
-#include "processors/alpha_premul.h"
 #include "processors/channel_reverse.h"
-#include "processors/color_space_converter.h"
-#include "processors/copy.h"
-#include "processors/copy_plane.h"
-#include "processors/in_place.h"
-#include "processors/invert.h"
-#include "processors/set_color.h"
 #include "processors/testing.h"
 
 namespace brushworks {
@@ -91,76 +83,6 @@ TEST_F(FrameProcessorTest, Faces) {
     EXPECT_EQ(service.QueryInterface(IID_PresetSaver, &face), kNoInterface);
     EXPECT_EQ(face, nullptr);
     EXPECT_EQ(service.QueryInterface(IID_IUnknown, nullptr), kNoInterface);
-}
-
-/// An operation of the service, and the processor that it stands for; each gets three frames.
-struct Pair {
-    const char* name;
-    std::function<bool(FrameProcessor&, FrameParams*, FrameParams*, FrameParams*)> service;
-    std::function<bool(CFrame&, CFrame&, CFrame&)> processor;
-};
-
-const float kBounds[4] = {0.9f, 0.5f, 0.2f, 0.7f};
-
-std::vector<Pair> Pairs() {
-    using namespace Processors;
-    using S = FrameProcessor;
-    using P = FrameParams;
-    using F = CFrame;
-    static unsigned int order[4] = {1, 3, 3, 0};
-    return {
-        {"Copy", [](S& s, P* a, P*, P* to) { return s.Copy(a, to); },
-         [](F& a, F&, F& to) { return CCopy().Process(&a, &to); }},
-        {"ReverseChannels", [](S& s, P* a, P*, P* to) { return s.ReverseChannels(a, to); },
-         [](F& a, F&, F& to) { return CChannelReverse().Process(&a, &to); }},
-        {"SetChannelValue", [](S& s, P*, P*, P* to) { return s.SetChannelValue(to, 2, 0x109); },
-         [](F&, F&, F& to) { return CSetChannelColor().Process(&to, 2, 9); }},
-        {"SetChannelValue of none", [](S& s, P*, P*, P* to) { return s.SetChannelValue(to, 4, 9); },
-         [](F&, F&, F&) { return false; }},
-        {"AlphaBlend", [](S& s, P* a, P* b, P* to) { return s.AlphaBlend(a, b, to, false); },
-         [](F& a, F& b, F& to) { return CAlphaBlend().Process(&a, &b, &to, false); }},
-        {"AlphaBlend of premultiplied",
-         [](S& s, P* a, P* b, P* to) { return s.AlphaBlend(a, b, to, true); },
-         [](F& a, F& b, F& to) { return CAlphaBlend().Process(&a, &b, &to, true); }},
-        {"SwapChannels", [](S& s, P*, P*, P* to) { return s.SwapChannels(to, order); },
-         [](F&, F&, F& to) { return CChannelReverse().Process(&to, order); }},
-        {"AlphaPremul", [](S& s, P*, P*, P* to) { return s.AlphaPremul(to); },
-         [](F&, F&, F& to) { return CAlphaPremul().Process(to, to); }},
-        {"AppleR4FLToARGB32", [](S& s, P*, P*, P* to) { return s.AppleR4FLToARGB32(to, to); },
-         [](F&, F&, F& to) { return CColorSpaceConverter().AppleR4FLToARGB32(to, to); }},
-        {"ARGB32ToAppleR4FL", [](S& s, P*, P*, P* to) { return s.ARGB32ToAppleR4FL(to, to); },
-         [](F&, F&, F& to) { return CColorSpaceConverter().ARGB32ToAppleR4FL(to, to); }},
-        {"ARGB32ToAppleR4FL of two",
-         [](S& s, P* a, P*, P* to) { return s.ARGB32ToAppleR4FL(a, to); },
-         [](F& a, F&, F& to) { return CColorSpaceConverter().ARGB32ToAppleR4FL(a, to); }},
-        {"CopyChannel", [](S& s, P* a, P*, P* to) { return s.CopyChannel(a, to, 1, 3); },
-         [](F& a, F&, F& to) { return CCopyPlane().Process(&a, &to, 1, 3); }},
-        {"InvertChannel", [](S& s, P*, P*, P* to) { return s.InvertChannel(to, 2); },
-         [](F&, F&, F& to) { return CInvertChannel().Process(&to, 2); }},
-        {"InvertChannel past the last", [](S& s, P*, P*, P* to) { return s.InvertChannel(to, 4); },
-         [](F&, F&, F& to) { return CInvertChannel().Process(&to, 4); }},
-        {"SqrInPlace", [](S& s, P*, P*, P* to) { return s.SqrInPlace(to); },
-         [](F&, F&, F& to) { return CSqrInPlace().Process(&to); }},
-        {"SqrtInPlace", [](S& s, P*, P*, P* to) { return s.SqrtInPlace(to); },
-         [](F&, F&, F& to) { return CSqrtInPlace().Process(&to); }},
-        {"ThresholdLTInPlace",
-         [](S& s, P*, P*, P* to) { return s.ThresholdLTInPlace(to, kBounds); },
-         [](F&, F&, F& to) { return CThresholdLTInPlace().Process(&to, kBounds); }},
-    };
-}
-
-TEST_F(FrameProcessorTest, OperationsAreTheirProcessors) {
-    for (const PixelFormat format : testing::kAllFormats)
-        for (const Pair& pair : Pairs()) {
-            SCOPED_TRACE(pair.name + std::string(", format ") + std::to_string(format));
-            Picture a(5, 4, format, 1), b(6, 3, format, 2), to(7, 5, format, 3);
-            testing::RandomFrame fa(5, 4, format, 1), fb(6, 3, format, 2), fto(7, 5, format, 3);
-            const bool done = pair.processor(fa, fb, fto);
-            EXPECT_EQ(pair.service(service, &a.params, &b.params, &to.params), done);
-            EXPECT_TRUE(testing::SamePixels(a.View(), fa));
-            EXPECT_TRUE(testing::SamePixels(b.View(), fb));
-            EXPECT_TRUE(testing::SamePixels(to.View(), fto));
-        }
 }
 
 TEST_F(FrameProcessorTest, SlackBelongsToSomebodyElse) {
@@ -396,6 +318,7 @@ TEST_F(FrameProcessorTest, ResizeCropScalesByTheCutRectangle) {
 }
 
 TEST_F(FrameProcessorTest, HostileRecordsAreRefused) {
+    const float bounds[4] = {0.9f, 0.5f, 0.2f, 0.7f};
     using Call = std::function<bool(FrameProcessor&, FrameParams*, FrameParams*)>;
     using S = FrameProcessor;
     using P = FrameParams;
@@ -419,7 +342,7 @@ TEST_F(FrameProcessorTest, HostileRecordsAreRefused) {
         [](S& s, P* a, P*) { return s.InvertChannel(a, 0); },
         [](S& s, P* a, P*) { return s.SqrInPlace(a); },
         [](S& s, P* a, P*) { return s.SqrtInPlace(a); },
-        [](S& s, P* a, P*) { return s.ThresholdLTInPlace(a, kBounds); },
+        [&](S& s, P* a, P*) { return s.ThresholdLTInPlace(a, bounds); },
         [&](S& s, P* a, P* b) { return s.ResizeCrop(a, &rect, b, 1); },
     };
     const std::function<void(P&)> changes[] = {

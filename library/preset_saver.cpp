@@ -6,10 +6,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <vector>
 
 #include "library/panels.h"
+#include "library/reference.h"
+#include "presets/document_guard.h"
 #include "presets/preset_extension.h"
 #include "presets/preset_serializer.h"
 
@@ -22,20 +23,12 @@ constexpr int kNotDone = 1;
 /// What a saved path may take.
 constexpr std::size_t kMaxPathBytes = 255;
 
-const AlertTexts kNotSaved = {"Couldn't save preset",
-                              "An unexpected error occured. Your preset was unable to be saved.",
-                              "OK"};
 const AlertTexts kNotLoaded = {"Couldn't load preset",
                                "An unexpected error occured. The preset was unable to be loaded.",
                                "OK"};
 const AlertTexts kOtherEffect = {
     "Couldn't load preset", "The saved preset doesn't match the current version of the effect.",
     "OK"};
-
-struct Releaser {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-using EffectReference = std::unique_ptr<IVideoEffect, Releaser>;
 
 std::string HomeFolder() {
     if (const char* home = std::getenv("HOME"); home && *home) return home;
@@ -50,6 +43,24 @@ FileRequest RequestFor(IEffectLibrary* library, unsigned int effect) {
     char extension[kExtensionBytes];
     GetEffectExtension(library ? library->GetName() : nullptr, effect, extension);
     return {HomeFolder(), extension, ""};
+}
+
+/// What the user can mend about a save, as a sentence behind the alert's text; "" for the rest.
+const char* ReasonNotSaved(const std::string& path, const CEffectPreset& preset) {
+    if (path.empty() || path.size() > kMaxPathBytes)
+        return " The file's path is longer than 255 bytes, or it is not UTF-8.";
+    const std::size_t length = strnlen(preset.szName, sizeof preset.szName);
+    if (length == sizeof preset.szName || !IsXmlText({preset.szName, length}))
+        return " The preset's name is longer than 259 bytes, or it is not UTF-8, or it has control "
+               "characters.";
+    return "";
+}
+
+void TellNotSaved(OpaqueWindowPtr* parent, const std::string& reason) {
+    Panels().Alert(
+        parent,
+        {"Couldn't save preset",
+         "An unexpected error occured. Your preset was unable to be saved." + reason, "OK"});
 }
 
 /// Fills a name of a preset; false for one that has no room there.
@@ -72,13 +83,13 @@ int SaveWithPanel(OpaqueWindowPtr* parent, IEffectLibrary& library, unsigned int
     const std::optional<std::string> path = Panels().ChooseToSave(parent, request);
     if (!path) return kNotDone;
 
-    const EffectReference described(library.CreateEffect(effect));
+    const Reference<IVideoEffect> described(library.CreateEffect(effect));
     const bool named = SetName(preset.szLibraryName, library.GetName());
     const bool saved = SetName(preset.szEffectName, described ? described->GetName() : nullptr) &&
                        named && path->size() <= kMaxPathBytes &&
                        CPresetSerializer::Save(path->c_str(), &preset);
     if (saved) return kDone;
-    Panels().Alert(parent, kNotSaved);
+    TellNotSaved(parent, ReasonNotSaved(*path, preset));
     return kNotDone;
 }
 
@@ -86,7 +97,7 @@ int LoadWithPanel(OpaqueWindowPtr* parent, IEffectLibrary* library, unsigned int
                   CEffectPreset* preset) {
     const std::optional<std::string> path =
         Panels().ChooseToOpen(parent, RequestFor(library, effect));
-    if (!path || path->empty()) return kNotDone;
+    if (!path) return kNotDone;
 
     if (!CPresetSerializer::Load(path->c_str(), preset)) {
         Panels().Alert(parent, kNotLoaded);
@@ -132,7 +143,7 @@ int CPresetSaver::Save(OpaqueWindowPtr* parent, IEffectLibrary* library, unsigne
 bool ValidatePreset(IEffectLibrary* library, unsigned int effect, CEffectPreset* preset) {
     if (!preset) return false;
     if (!library) return preset->nParamCount > 0;
-    const EffectReference described(library->CreateEffect(effect));
+    const Reference<IVideoEffect> described(library->CreateEffect(effect));
     if (!described || !IsName(preset->szLibraryName, library->GetName()) ||
         !IsName(preset->szEffectName, described->GetName()))
         return false;

@@ -8,11 +8,11 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <stdexcept>
 
 #include "library/artistic_effects.h"
 #include "library/panels.h"
+#include "library/reference.h"
 #include "presets/preset_serializer.h"
 
 namespace brushworks {
@@ -20,12 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
-
-struct Releaser {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-template <class Face>
-using Reference = std::unique_ptr<Face, Releaser>;
 
 /// Answers with one path, and notes what it was asked and told.
 struct ScriptedPanels final : IPanels {
@@ -60,12 +54,12 @@ struct ScriptedPanels final : IPanels {
 };
 
 constexpr char kNotSaved[] =
-    "Couldn't save preset|An unexpected error occured. Your preset was unable to be saved.|OK";
+    "Couldn't save preset|An unexpected error occured. Your preset was unable to be saved.";
 constexpr char kNotLoaded[] =
     "Couldn't load preset|An unexpected error occured. The preset was unable to be loaded.|OK";
 constexpr char kOtherEffect[] =
     "Couldn't load preset|The saved preset doesn't match the current version of the effect.|OK";
-constexpr unsigned int kOil = 7;
+constexpr unsigned int kOil = 7, kNoEffect = ~0u;
 
 class PresetSaver : public ::testing::Test {
   protected:
@@ -126,8 +120,8 @@ TEST_F(PresetSaver, EachCallGivesANewObjectWithItsFaces) {
 
 TEST_F(PresetSaver, EveryPresetOfEveryEffectSurvivesItsFile) {
     int presets = 0;
-    for (unsigned int effect = 0; effect < 12; ++effect) {
-        const Reference<IVideoEffect> object(library->CreateEffect(effect));
+    for (unsigned int effect = 0;
+         const Reference<IVideoEffect> object{library->CreateEffect(effect)}; ++effect) {
         const std::string extension = std::string("fxpbwk") + static_cast<char>('a' + effect);
         for (unsigned int index = 0; object->EnumPreset(index); ++index, ++presets) {
             SCOPED_TRACE(std::string(object->GetName()) + ", " + object->EnumPreset(index));
@@ -162,8 +156,6 @@ TEST_F(PresetSaver, NothingIsDoneWithoutAFile) {
     EXPECT_EQ(Save(&preset), 1);
     EXPECT_EQ(panels.said.size(), 1u);
     EXPECT_EQ(Load(&preset), 1);
-    panels.path = "";
-    EXPECT_EQ(Load(&preset), 1);
     EXPECT_EQ(panels.said.size(), 1u);
     panels.broken = true;
     EXPECT_EQ(Save(&preset), 1);
@@ -175,13 +167,13 @@ TEST_F(PresetSaver, TellsWhatCouldNotBeSaved) {
     CEffectPreset preset = PresetOf(kOil, 0);
     ASSERT_EQ(Save(&preset), 0);
     const std::string good = *panels.path;
-    const auto expectAlert = [&](unsigned int effect) {
+    const auto expectAlert = [&](unsigned int effect, const std::string& reason = "") {
         EXPECT_EQ(Save(&preset, effect), 1);
         ASSERT_EQ(panels.said.size(), 2u);
-        EXPECT_EQ(panels.said[1], kNotSaved);
+        EXPECT_EQ(panels.said[1], kNotSaved + reason + "|OK");
         EXPECT_EQ(panels.parent, window);
     };
-    expectAlert(12);  // there is no such effect
+    expectAlert(kNoEffect);
     preset.nParamCount = 101;
     expectAlert(kOil);
     preset.nParamCount = 1;
@@ -193,11 +185,21 @@ TEST_F(PresetSaver, TellsWhatCouldNotBeSaved) {
     fs::create_directory(longPath.parent_path());
     panels.path = longPath;
     ASSERT_EQ(panels.path->size(), 256u);
-    expectAlert(kOil);
+    const std::string badPath = " The file's path is longer than 255 bytes, or it is not UTF-8.";
+    expectAlert(kOil, badPath);
     EXPECT_TRUE(fs::is_empty(longPath.parent_path()));
     panels.path->pop_back();
     EXPECT_EQ(Save(&preset), 0);
+    panels.path = "";  // what the panel could not take
+    expectAlert(kOil, badPath);
     panels.path = good;
+    for (const std::string& name :
+         {std::string("\xE9\0", 2), std::string("a\x1B\0", 3), std::string(260, 'n')}) {
+        name.copy(preset.szName, sizeof preset.szName);
+        expectAlert(kOil,
+                    " The preset's name is longer than 259 bytes, or it is not UTF-8, or it has "
+                    "control characters.");
+    }
     EXPECT_EQ(Load(&preset), 0);
 }
 
@@ -212,7 +214,7 @@ TEST_F(PresetSaver, TellsWhatCouldNotBeLoaded) {
     expectAlert(kOil, kNotLoaded);  // no file yet
     ASSERT_EQ(Save(&preset), 0);
     expectAlert(kOil + 1, kOtherEffect);
-    expectAlert(12, kOtherEffect);
+    expectAlert(kNoEffect, kOtherEffect);
     EXPECT_EQ(saver->Load(window, library.get(), kOil, nullptr, nullptr), 1);
     EXPECT_EQ(panels.said.back(), kNotLoaded);
     std::ofstream(*panels.path) << "<Other/>";
@@ -252,7 +254,7 @@ TEST_F(PresetSaver, ValidationComparesNamesAndTypes) {
     EXPECT_FALSE(passes([](P& p) { std::strcpy(p.szLibraryName, "lumenfold brushworks"); }));
     EXPECT_FALSE(passes([](P& p) { std::strcpy(p.szEffectName, "Oil "); }));
     EXPECT_FALSE(ValidatePreset(library.get(), kOil, nullptr));
-    EXPECT_FALSE(ValidatePreset(library.get(), 12, &good));
+    EXPECT_FALSE(ValidatePreset(library.get(), kNoEffect, &good));
     EXPECT_TRUE(ValidatePreset(nullptr, kOil, &good));
     good.nParamCount = 0;
     EXPECT_FALSE(ValidatePreset(nullptr, kOil, &good));

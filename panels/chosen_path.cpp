@@ -24,9 +24,15 @@ std::size_t CharacterLength(std::string_view text) {
     return code < kLeast[length] || code > 0x10FFFF || isSurrogate ? 0 : length;
 }
 
-std::optional<std::string> CheckedPath(std::string path) {
-    const bool isOne = path.starts_with('/') && path.size() < PATH_MAX && IsUTF8(path);
-    return isOne ? std::optional(std::move(path)) : std::nullopt;
+/// Empty for one that cannot be taken.
+std::string CheckedPath(const std::string& path) {
+    if (path.size() >= PATH_MAX || !IsUTF8(path)) return "";
+    return path;
+}
+
+/// A file that the portal lends to a sandbox has one name: what is written beside it stays inside.
+bool IsLent(std::string_view path) {
+    return path.starts_with("/run/") && path.find("/doc/") != path.npos;
 }
 
 int HexDigit(char digit) {
@@ -47,8 +53,14 @@ bool IsUTF8(std::string_view text) {
     return true;
 }
 
+std::string WithExtension(const std::string& path, const std::string& extension) {
+    const std::string ending = "." + extension;
+    return path.ends_with(ending) || path.ends_with('/') || IsLent(path) ? path : path + ending;
+}
+
 std::optional<std::string> PathOfOutput(std::string_view output) {
     if (output.ends_with('\n')) output.remove_suffix(1);
+    if (!output.starts_with('/')) return std::nullopt;
     return CheckedPath(std::string(output));
 }
 
@@ -73,7 +85,8 @@ std::optional<std::string> PathOfURI(std::string_view uri) {
         path += static_cast<char>(high << 4 | low);
         i += 2;
     }
-    return CheckedPath(std::move(path));
+    if (!path.starts_with('/')) return std::nullopt;
+    return CheckedPath(path);
 }
 
 }  // namespace brushworks

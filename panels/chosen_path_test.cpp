@@ -26,10 +26,11 @@ TEST(PathOfOutput, LosesTheEndOfLineAlone) {
     EXPECT_EQ(PathOfOutput("/two\nlines\n"), "/two\nlines");
     EXPECT_EQ(PathOfOutput("/ends in one\n\n"), "/ends in one\n");
     EXPECT_EQ(PathOfOutput("/ü\n"), "/ü");
-    for (const std::string_view no :
-         {""sv, "\n"sv, "name\n"sv, "file:///x\n"sv, "warning\n/x\n"sv, "/\xFF\n"sv, "/a\0b\n"sv})
+    for (const std::string_view no : {""sv, "\n"sv, "name\n"sv, "file:///x\n"sv, "warning\n/x\n"sv})
         EXPECT_EQ(PathOfOutput(no), std::nullopt) << no;
-    EXPECT_EQ(PathOfOutput(std::string(5000, '/')), std::nullopt);
+    for (const std::string_view untaken : {"/\xFF\n"sv, "/a\0b\n"sv})
+        EXPECT_EQ(PathOfOutput(untaken), "") << untaken;
+    EXPECT_EQ(PathOfOutput(std::string(5000, '/')), "");
 }
 
 TEST(PathOfURI, DecodesStrictly) {
@@ -39,9 +40,10 @@ TEST(PathOfURI, DecodesStrictly) {
     for (const std::string_view no :
          {""sv, "/home/x"sv, "http:///x"sv, "file:x"sv, "file://"sv, "file://x"sv,
           "file://other/x"sv, "file://localhostx/"sv, "file:///a%"sv, "file:///a%2"sv,
-          "file:///a%2g"sv, "file:///a%+1"sv, "file:///a%00b"sv, "file:///%E9"sv,
-          "file:///%C0%AF"sv, "file:///x?query"sv, "file:///x#part"sv})
+          "file:///a%2g"sv, "file:///a%+1"sv, "file:///x?query"sv, "file:///x#part"sv})
         EXPECT_EQ(PathOfURI(no), std::nullopt) << no;
+    for (const std::string_view untaken : {"file:///a%00b"sv, "file:///%E9"sv, "file:///%C0%AF"sv})
+        EXPECT_EQ(PathOfURI(untaken), "") << untaken;
 }
 
 }  // namespace

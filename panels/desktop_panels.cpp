@@ -1,7 +1,11 @@
 #include "panels/desktop_panels.h"
 
+#include <sys/stat.h>
+
 #include <cstdio>
 #include <cstdlib>
+
+#include "panels/chosen_path.h"
 
 namespace brushworks {
 namespace {
@@ -15,11 +19,30 @@ bool HasDisplay() {
     return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
 }
 
+/// Also a link to nothing.
+bool IsThere(const std::string& path) {
+    struct stat facts;
+    return lstat(path.c_str(), &facts) == 0;
+}
+
+/// A program that answers without a user must not be asked for ever.
+constexpr int kMostPanels = 5;
+
 }  // namespace
 
 std::optional<std::string> DesktopPanels::ChooseToSave(OpaqueWindowPtr* parent,
                                                        const FileRequest& request) {
-    return Choose(WindowIdOf(parent), Purpose::kSave, request);
+    FileRequest asked = request;
+    for (int panels = 0; panels < kMostPanels; ++panels) {
+        auto path = Choose(WindowIdOf(parent), Purpose::kSave, asked);
+        if (!path || path->empty()) return path;
+        const std::string whole = WithExtension(*path, request.extension);
+        if (whole == *path || !IsThere(whole)) return whole;
+        const std::size_t name = whole.rfind('/') + 1;
+        asked.folder = whole.substr(0, name);
+        asked.name = whole.substr(name);
+    }
+    return std::nullopt;
 }
 
 std::optional<std::string> DesktopPanels::ChooseToOpen(OpaqueWindowPtr* parent,

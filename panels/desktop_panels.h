@@ -10,6 +10,10 @@ namespace brushworks {
 
 /// Costs nothing until a panel is asked for, and keeps nothing between panels. Without a display no
 /// way is tried: nothing is chosen, and an alert is a line on standard error.
+///
+/// Panels ask before they replace the file whose name was typed. Where that name lacked its
+/// extension and the whole one belongs to a file, the panel is shown again with the whole name, so
+/// that it asks about this one.
 class DesktopPanels final : public IPanels {
   public:
     std::optional<std::string> ChooseToSave(OpaqueWindowPtr* parent,

@@ -26,13 +26,13 @@ class DesktopPanelsTest : public testing::DesktopTest {
 };
 
 TEST_F(DesktopPanelsTest, TheFirstProgramThatAsksDecides) {
-    Install("kdialog", "echo /from/kdialog");
-    EXPECT_EQ(Save(), "/from/kdialog");
-    Install("zenity", "echo '/from/zenity  é'");
-    EXPECT_EQ(Save(), "/from/zenity  é");
-    EXPECT_EQ(m_panels.ChooseToOpen(nullptr, {"/home", "x", ""}), "/from/zenity  é");
-    for (const char* declines : {"exit 1", "echo /x; exit 1", "echo garbage", "true",
-                                 "kill -KILL $$", "printf '/%05000d' 0"}) {
+    Install("kdialog", "echo /from/kdialog.x");
+    EXPECT_EQ(Save(), "/from/kdialog.x");
+    Install("zenity", "echo '/from/zenity  é.x'");
+    EXPECT_EQ(Save(), "/from/zenity  é.x");
+    EXPECT_EQ(m_panels.ChooseToOpen(nullptr, {"/home", "x", ""}), "/from/zenity  é.x");
+    for (const char* declines :
+         {"exit 1", "echo /x; exit 1", "echo garbage", "true", "kill -KILL $$"}) {
         Install("zenity", declines);
         EXPECT_EQ(Save(), std::nullopt) << declines;
     }
@@ -40,15 +40,40 @@ TEST_F(DesktopPanelsTest, TheFirstProgramThatAsksDecides) {
 }
 
 TEST_F(DesktopPanelsTest, AProgramThatRefusesIsAskedPlainlyThenLeft) {
-    Install("zenity", "for w; do [ \"$w\" = --confirm-overwrite ] && exit 255; done; echo /plain");
-    Install("kdialog", "echo /from/kdialog");
-    EXPECT_EQ(Save(), "/plain");
+    Install("zenity",
+            "for w; do [ \"$w\" = --confirm-overwrite ] && exit 255; done; echo /plain.x");
+    Install("kdialog", "echo /from/kdialog.x");
+    EXPECT_EQ(Save(), "/plain.x");
     EXPECT_THAT(RunsOf("zenity"), SizeIs(2));
     Install("zenity", "exit 255");
-    EXPECT_EQ(Save(), "/from/kdialog");
+    EXPECT_EQ(Save(), "/from/kdialog.x");
     std::filesystem::remove(path("zenity"));
     std::filesystem::create_symlink("/nowhere", path("zenity"));
-    EXPECT_EQ(Save(), "/from/kdialog");
+    EXPECT_EQ(Save(), "/from/kdialog.x");
+}
+
+TEST_F(DesktopPanelsTest, ANameWithoutItsExtensionGetsItAndReplacesNothingUnasked) {
+    const std::string warm = path("Warm"), whole = warm + ".x";
+    Install("zenity", "echo " + warm);
+    EXPECT_EQ(Save(), whole);
+    EXPECT_EQ(m_panels.ChooseToOpen(nullptr, {"/home", "x", ""}), warm);
+    for (const char* untouched : {"/folder/", "/run/user/1000/doc/1a2b/Warm", "/Warm.x"}) {
+        Install("zenity", std::string("echo ") + untouched);
+        EXPECT_EQ(Save(), untouched);
+    }
+    Install("zenity", "printf '/%05000d' 0");
+    EXPECT_EQ(Save(), "");
+
+    // A link to nothing is a file too. The panel comes again with its name, and asks.
+    std::filesystem::create_symlink("/nowhere", whole);
+    const std::size_t before = RunsOf("zenity").size();
+    Install("zenity", "[ -e " + path("asked") + " ] && echo " + whole + " && exit; : > " +
+                          path("asked") + "; echo " + warm);
+    EXPECT_EQ(Save(), whole);
+    ASSERT_THAT(RunsOf("zenity"), SizeIs(before + 2));
+    EXPECT_THAT(RunsOf("zenity").back(), ::testing::Contains("--filename=" + whole));
+    Install("zenity", "echo " + warm);  // and never takes another name
+    EXPECT_EQ(Save(), std::nullopt);
 }
 
 TEST_F(DesktopPanelsTest, AlertsArriveUnchanged) {
@@ -71,19 +96,19 @@ TEST_F(DesktopPanelsTest, WithoutAWayNothingIsChosenAndAlertsAreWritten) {
 }
 
 TEST_F(DesktopPanelsTest, WithoutADisplayNothingIsTried) {
-    Install("zenity", "echo /x");
+    Install("zenity", "echo /y.x");
     Set("DISPLAY", "");
     EXPECT_EQ(Save(), std::nullopt);
     EXPECT_EQ(Complaint(), "Title: Some text.\n");
     EXPECT_THAT(RunsOf("zenity"), IsEmpty());
     Set("WAYLAND_DISPLAY", "wayland-0");
-    EXPECT_EQ(Save(), "/x");
+    EXPECT_EQ(Save(), "/y.x");
 }
 
 TEST_F(DesktopPanelsTest, ProgramsRunInUTF8) {
     Set("LC_ALL", "C");
-    Install("zenity", "echo \"/$LC_ALL/$CHARSET\"");
-    EXPECT_EQ(Save(), "/C.UTF-8/UTF-8");
+    Install("zenity", "echo \"/$LC_ALL/$CHARSET.x\"");
+    EXPECT_EQ(Save(), "/C.UTF-8/UTF-8.x");
 }
 
 }  // namespace

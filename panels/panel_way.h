@@ -28,12 +28,13 @@ inline WindowId WindowIdOf(const OpaqueWindowPtr* parent) {
 /// What became of one way to let the user choose.
 struct Attempt {
     bool shown = false;  ///< whether the user was asked; where not, the next way is worth a try
-    std::optional<std::string> path;  ///< the confirmed one, in UTF-8
+    std::optional<std::string> path;  ///< the confirmed one, as the header chosen_path.h has it
 };
 
 class IPanelWay {
   public:
     virtual ~IPanelWay() = default;
+    /// Asks before it lets the user choose an existing file to save to.
     virtual Attempt Choose(WindowId parent, Purpose purpose, const FileRequest& request) = 0;
     /// Whether the alert was shown.
     virtual bool Alert(WindowId parent, const AlertTexts& texts) = 0;

@@ -26,9 +26,12 @@ struct AlertTexts {
 class IPanels {
   public:
     virtual ~IPanels() = default;
-    /// The chosen path, in UTF-8; none when the user did not confirm, or where there is no panel.
-    /// `parent` may be null; else it is no address but the X11 id of a window, in a pointer's
-    /// place.
+    /// The chosen path, in UTF-8; none when the user did not confirm, or where there is no panel;
+    /// empty for one that cannot be taken. `parent` may be null; else it is no address but the X11
+    /// id of a window, in a pointer's place.
+    ///
+    /// A file to be saved has the extension, also where the user did not type it, and is replaced
+    /// with the user's consent alone.
     virtual std::optional<std::string> ChooseToSave(OpaqueWindowPtr* parent,
                                                     const FileRequest& request) = 0;
     virtual std::optional<std::string> ChooseToOpen(OpaqueWindowPtr* parent,

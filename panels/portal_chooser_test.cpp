@@ -33,14 +33,14 @@ class PortalTest : public testing::DesktopTest {
         m_bus.emplace(daemon, path(""));
         ASSERT_NE(m_bus->address(), "");
         Set("DBUS_SESSION_BUS_ADDRESS", m_bus->address().c_str());
-        Install("zenity", "echo /from/zenity");
+        Install("zenity", "echo /from/zenity.x");
     }
     void TearDown() override {
         if (m_bus) m_bus->Stop();
     }
 
     void StartPortal(Reaction reaction, unsigned int code = 0,
-                     const std::string& uri = "file:///chosen%20one") {
+                     const std::string& uri = "file:///chosen%20one.x") {
         m_portal.emplace(m_bus->address(), reaction, code, uri);
     }
     std::optional<std::string> Save(const std::string& name = "MyPreset.x") {
@@ -59,7 +59,7 @@ TEST_F(PortalTest, IsAskedFirstAndInFull) {
     StartPortal(Reaction::kAnswers);
     auto* parent = reinterpret_cast<OpaqueWindowPtr*>(0x1C00007);
     EXPECT_EQ(DesktopPanels().ChooseToSave(parent, {"/home/\xFF ü", "fxpbwkk", "-É 𝄞\n%2f"}),
-              "/chosen one");
+              "/chosen one.x.fxpbwkk");
     EXPECT_THAT(RunsOf("zenity"), IsEmpty());
     const testing::PortalRequest& request = Requested();
     EXPECT_EQ(request.method, "SaveFile");
@@ -71,7 +71,7 @@ TEST_F(PortalTest, IsAskedFirstAndInFull) {
 
 TEST_F(PortalTest, OpensWithoutAName) {
     StartPortal(Reaction::kAnswers);
-    EXPECT_EQ(DesktopPanels().ChooseToOpen(nullptr, {"", "x", "ignored"}), "/chosen one");
+    EXPECT_EQ(DesktopPanels().ChooseToOpen(nullptr, {"", "x", "ignored"}), "/chosen one.x");
     const testing::PortalRequest& request = Requested();
     EXPECT_EQ(request.method, "OpenFile");
     EXPECT_EQ(request.parent + request.name + request.folder, "");
@@ -92,7 +92,7 @@ TEST_F(PortalTest, TheUsersNoIsFinal) {
 
 TEST_F(PortalTest, OthersAnswersDoNotCount) {
     StartPortal(Reaction::kIsImitated);
-    EXPECT_EQ(Save(), "/chosen one");
+    EXPECT_EQ(Save(), "/chosen one.x");
 }
 
 TEST_F(PortalTest, ThatLeavesEndsTheWait) {
@@ -102,17 +102,17 @@ TEST_F(PortalTest, ThatLeavesEndsTheWait) {
 }
 
 TEST_F(PortalTest, ThatCannotAskGivesWay) {
-    EXPECT_EQ(Save(), "/from/zenity") << "on an empty bus";
+    EXPECT_EQ(Save(), "/from/zenity.x") << "on an empty bus";
     StartPortal(Reaction::kHasNoChooser);
-    EXPECT_EQ(Save(), "/from/zenity") << "beside a portal without files";
-    EXPECT_EQ(Save("\xFF"), "/from/zenity") << "for a name that no message holds";
+    EXPECT_EQ(Save(), "/from/zenity.x") << "beside a portal without files";
+    EXPECT_EQ(Save("\xFF"), "/from/zenity.x") << "for a name that no message holds";
     m_bus->Stop();
-    EXPECT_EQ(Save(), "/from/zenity") << "after the bus is gone";
+    EXPECT_EQ(Save(), "/from/zenity.x") << "after the bus is gone";
 }
 
 TEST_F(PortalTest, ThatIsSilentGivesWay) {
     StartPortal(Reaction::kIsSilent);
-    EXPECT_EQ(Save(), "/from/zenity");
+    EXPECT_EQ(Save(), "/from/zenity.x");
 }
 
 TEST_F(PortalTest, LeavesSignalsToTheHost) {

@@ -14,9 +14,9 @@ inline constexpr std::size_t kMaxDocumentBytes = 256 * 1024;
 bool IsXmlText(std::string_view text);
 
 /// Small enough, plain text, and elements that close, nested no deeper than 16, with at most 64
-/// attributes each. A stray angle bracket anywhere, also in a comment or an attribute, is refused,
-/// and so are document types and literal sections: without them no text can show this scan one
-/// nesting and the parser another.
+/// attributes each. No text may show this scan one nesting and the parser another: refused are
+/// document types and literal sections, angle brackets that stand nowhere (a comment holds any, a
+/// quoted value of an element ">"), and declarations whose values have words in them.
 bool IsSafeToParse(std::string_view text);
 
 }  // namespace brushworks

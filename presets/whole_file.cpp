@@ -112,6 +112,8 @@ bool ReplaceWholeFile(const std::string& path, std::string_view text) {
         (!S_ISREG(old.st_mode) || faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
         return false;
 
+    // Known before the file is replaced: nothing may fail between that and the answer.
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
     constexpr int kTries = 100;
     fs::path whole = NameBeside(target);
     bool written = WriteNewFile(whole, text, exists ? &old : nullptr);
@@ -125,7 +127,6 @@ bool ReplaceWholeFile(const std::string& path, std::string_view text) {
         return false;
     }
     // The new name is safe too once the folder is on the disk.
-    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
     const Descriptor directory(folder, O_RDONLY | O_DIRECTORY);
     if (directory.IsOpen()) fsync(directory.get());
     return true;

@@ -52,83 +52,34 @@ struct SpottedFrame : RandomFrame {
     }
 };
 
-/// The grid with the C library's own numbers, point by point.
-std::vector<std::vector<IppiPoint>> PlainGrid(int w, int h, float size, float jitter,
-                                              float aspect) {
-    const auto width = static_cast<float>(w), height = static_cast<float>(h);
-    const float t = std::max(2.0f, aspect * height * 0.3f * size);
-    const int nx = std::max(static_cast<int>(width / t), 1);
-    float cellW = width / static_cast<float>(nx), row = cellW * 1.7f;
-    if (cellW < 2.0f) {
-        cellW = 2.0f;
-        row = 3.4f;
-    }
-    const int ny = std::max(static_cast<int>(height / (row / aspect)), 1);
-    const float cellH = std::max(height / static_cast<float>(ny), 3.0f);
-    const float a = jitter * 6.0f + 1.0f;
-    const int rangeX = cellW < a ? 1 : static_cast<int>(cellW / a);
-    const int rangeY = a > cellH ? 1 : static_cast<int>(cellH / a);
-
-    std::vector<std::vector<IppiPoint>> grid(ny + 2, std::vector<IppiPoint>(nx + 1));
-    std::srand(10);  // NOLINT: the sequence to compare with
-    for (int r = 0; r <= ny + 1; ++r)
-        for (int c = 0; c <= nx; ++c) {
-            const double sign = c % 2 == r % 2 ? -1.0 : 1.0;
-            const int first = std::rand();   // NOLINT: likewise
-            const int second = std::rand();  // NOLINT: likewise
-            int ox = static_cast<int>((rangeX - first % rangeX) * 0.85);
-            if (c == 0 || c == nx || r == 0 || r == ny + 1) ox = 0;
-            const int oy = static_cast<int>((second % rangeY) * sign * 0.73);
-            int x = static_cast<int>(static_cast<float>(c) * cellW + static_cast<float>(ox));
-            int y = static_cast<int>(static_cast<float>(oy) + cellH * static_cast<float>(r) +
-                                     cellH * -0.5f);
-            if (r == 0 || y < 0) y = 0;
-            if (r == ny + 1 || y >= h) y = h - 1;
-            if (c == 0 || x < 0) x = 0;
-            if (c == nx || x >= w) x = w - 1;
-            grid[r][c] = {x, y};
+TEST(MosaicGrid, ShakesALatticeOfTallCells) {
+    constexpr IppiSize kFrame = {200, 172};  // 10 cells of 20 pixels, 5 of 34.4 and two halves
+    constexpr int kAcross[11] = {0, 20, 40, 60, 80, 100, 120, 140, 160, 180, 199};
+    constexpr int kDown[7] = {0, 17, 51, 86, 120, 154, 171};
+    const PointGrid still(kFrame, 0.38f, 1e6f, 1e6f, 1.0f);  // no room for jitter
+    const PointGrid shaken(kFrame, 0.38f, 0.1f, 0.1f, 1.0f);
+    ASSERT_EQ(still.nx(), 10);
+    ASSERT_EQ(still.ny(), 5);
+    int moved = 0;
+    for (int r = 0; r <= 6; ++r)
+        for (int c = 0; c <= 10; ++c) {
+            SCOPED_TRACE(::testing::Message() << r << ", " << c);
+            EXPECT_EQ(still.At(r, c).x, kAcross[c]);
+            EXPECT_EQ(still.At(r, c).y, kDown[r]);
+            // To the right by up to 0.85 of the jitter's 12 pixels; up and down in turn, by less
+            // than 0.73 of its 21. The rim stays on the rim.
+            const int right = shaken.At(r, c).x - kAcross[c], down = shaken.At(r, c).y - kDown[r];
+            const bool isRim = c == 0 || c == 10 || r == 0 || r == 6;
+            EXPECT_TRUE(right >= 0 && right <= (isRim ? 0 : 10)) << right;
+            const int further = (r + c) % 2 == 0 ? -down : down;
+            EXPECT_TRUE(further >= -1 && further <= (r == 0 || r == 6 ? 0 : 15)) << down;
+            moved += right != 0 && down != 0;
         }
-    for (int r = 0; r <= ny + 1; ++r)
-        for (int c = 0; c < nx; ++c) {
-            IppiPoint &p = grid[r][c], &n = grid[r][c + 1];
-            if (r >= 1 && n.x < p.x) {
-                const int m = (p.x + n.x) >> 1;
-                p.x = m - 1;
-                n.x = m + 1;
-            }
-            if (r == ny + 1) continue;
-            IppiPoint& q = grid[r + 1][c];
-            if (q.y < p.y || q.y == p.y + 1) {
-                const int m = (p.y + q.y) >> 1;
-                p.y = m - 1;
-                q.y = m + 1;
-                p.x = q.x = (p.x + q.x) >> 1;
-            }
-        }
-    for (auto& points : grid)
-        for (IppiPoint& p : points) p = {std::clamp(p.x, 0, w - 1), std::clamp(p.y, 0, h - 1)};
-    return grid;
-}
-
-TEST(MosaicGrid, IsThatOfTheLibrarysNumbers) {
-    for (const IppiSize size :
-         {IppiSize{1, 1}, {1, 30}, {30, 1}, {9, 40}, {40, 30}, {192, 144}, {640, 200}})
-        for (const float brick : {0.02f, 0.2f, 0.51f, 1.0f})
-            for (const float jitter : {0.0f, 0.0068f, 0.34f, 0.68f})
-                for (const float aspect : {0.5f, 1.0f, 1.4222f, 4.0f}) {
-                    SCOPED_TRACE(::testing::Message()
-                                 << size.width << " x " << size.height << ", size " << brick
-                                 << ", jitter " << jitter << ", aspect " << aspect);
-                    const auto plain = PlainGrid(size.width, size.height, brick, jitter, aspect);
-                    const PointGrid grid(size, brick, jitter, jitter, aspect);
-                    ASSERT_EQ(grid.ny() + 2, static_cast<int>(plain.size()));
-                    ASSERT_EQ(grid.nx() + 1, static_cast<int>(plain[0].size()));
-                    for (int r = 0; r <= grid.ny() + 1; ++r)
-                        for (int c = 0; c <= grid.nx(); ++c) {
-                            ASSERT_EQ(grid.At(r, c).x, plain[r][c].x) << r << ", " << c;
-                            ASSERT_EQ(grid.At(r, c).y, plain[r][c].y) << r << ", " << c;
-                        }
-                }
+    EXPECT_GT(moved, 20);
+    // Pixels twice as wide as high halve the rows and double the columns' width.
+    const PointGrid wide(kFrame, 0.38f, 0.1f, 0.1f, 2.0f);
+    EXPECT_EQ(wide.nx(), 5);
+    EXPECT_EQ(wide.ny(), 5);
 }
 
 TEST(MosaicGrid, StaysInsideTheFrameWhateverTheAspect) {

@@ -15,6 +15,7 @@ class IEffectLibrary : public IUnknown {
     /// The collection's name; constant, never freed. [any thread]
     virtual const char* GetName() = 0;
     /// A new effect, or null for an index past the last (0 to 11 exist): callers count by walking.
+    /// Null too where memory runs out, as the services below.
     /// Effects do not count for CanUnloadDLLNow. [any thread]
     virtual IVideoEffect* CreateEffect(unsigned int index) = 0;
     /// Shows help on an effect; false when there is none to show. [user interface thread]
@@ -53,7 +54,8 @@ class IMultiLingual {
 
 extern "C" {
 
-/// A new library object with one reference. Two calls give two objects. [any thread]
+/// A new library object with one reference; null where memory runs out. Two calls give two objects.
+/// [any thread]
 __attribute__((visibility("default"))) IEffectLibrary* GetEffectsLibrary();
 
 /// True when no library object lives. Effects are not counted: a host that unloads must know for

@@ -123,14 +123,22 @@ TEST_F(Contract, LibraryFaces) {
 }
 
 TEST_F(Contract, DescriptionsOfAllTwelve) {
-    constexpr const char* kNames[] = {"Toonery Plus",   "Charcoal",      "Colored Pencil",
-                                      "Aurascope Plus", "Impressionist", "Mosaic",
-                                      "Mural",          "Oil",           "Paper Collage",
-                                      "Pencil Rubbing", "Posterize",     "Water Color"};
+    constexpr struct {
+        const char* name;
+        unsigned controls, presets;
+    } kEffects[] = {{"Toonery Plus", 17, 21},  {"Charcoal", 6, 10},
+                    {"Colored Pencil", 6, 10}, {"Aurascope Plus", 6, 11},
+                    {"Impressionist", 12, 13}, {"Mosaic", 3, 5},
+                    {"Mural", 6, 12},          {"Oil", 6, 8},
+                    {"Paper Collage", 11, 14}, {"Pencil Rubbing", 5, 7},
+                    {"Posterize", 5, 8},       {"Water Color", 6, 11}};
     Library* library = getLibrary();
-    for (unsigned e = 0; e < 12; ++e) {
-        Effect* effect = library->CreateEffect(e);
-        EXPECT_STREQ(effect->GetName(), kNames[e]);
+    for (const auto& expected : kEffects) {
+        Effect* effect = library->CreateEffect(static_cast<unsigned>(&expected - kEffects));
+        EXPECT_STREQ(effect->GetName(), expected.name);
+        unsigned presets = 0;
+        while (effect->EnumPreset(presets)) ++presets;
+        EXPECT_EQ(presets, expected.presets);
         EXPECT_EQ(effect->GetCaps(), 0x3C1u);
         void* face = nullptr;
         ASSERT_EQ(effect->QueryInterface(kToolTips, &face), 0u);
@@ -138,6 +146,7 @@ TEST_F(Contract, DescriptionsOfAllTwelve) {
         for (unsigned i = 0; i < 100; ++i) {
             Control setup{};
             const bool exists = effect->EnumParam(i, &setup);
+            EXPECT_EQ(exists, i < expected.controls);
             EXPECT_EQ(exists, setup.active);
             EXPECT_EQ(effect->EnumToolTip(i), toolTips->EnumToolTip(i));
             if (!exists) {
