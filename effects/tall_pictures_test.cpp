@@ -10,17 +10,14 @@ namespace {
 
 using namespace testing;  // NOLINT: a test reads best without the prefix
 
-/// Hills of colour with edges across them, alike at any height.
+/// Slopes of colour without edges, so that no line of a fixed width is drawn, alike at any height.
 struct Scene : RandomFrame {
     explicit Scene(int height) : RandomFrame(16, height, PixelFormatBGRA8, 1) {
         for (int y = 0; y < height; ++y) {
             const double place = static_cast<double>(y) / height;
-            const double edge = std::fmod(place * 9.0, 1.0) < 0.3 ? 40.0 : 0.0;
-            for (int i = 0; i < 4 * 16; ++i) {
-                const double hill = std::sin(place * 20.0 + (i % 4) * 1.5 + i / 4 * 0.02);
-                Processors::RowOf<unsigned char>(*this, y)[i] =
-                    static_cast<unsigned char>(120.0 + 70.0 * hill + edge);
-            }
+            for (int i = 0; i < 4 * 16; ++i)
+                Processors::RowOf<unsigned char>(*this, y)[i] = static_cast<unsigned char>(
+                    50.0 + 140.0 * place + 20.0 * std::sin(6.0 * place + 1.5 * (i % 4)));
         }
     }
 };
