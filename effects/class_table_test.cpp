@@ -133,13 +133,17 @@ TEST(Services, HearOfEachStepInItsOrder) {
     const EffectPointer posterize(NewEffect(10));
     testing::TestHost host;
     testing::UseDefaults(*posterize, host);
-    testing::RandomFrame src(9, 6, PixelFormatBGRA8, 1), dst(7, 6, PixelFormatBGRA8, 2);
+    testing::RandomFrame src(7, 6, PixelFormatBGRA8, 1), dst(9, 6, PixelFormatBGRA8, 2);
     src.m_pBuffer[3] = 77;  // alpha is restored before the mark is drawn
     ASSERT_TRUE(testing::Render(*posterize, host, src, dst));
     host.values[3].index = -1;
     ASSERT_FALSE(testing::Render(*posterize, host, src, dst));  // a failed render tells nobody
-    EXPECT_THAT(recorder.calls, ::testing::ElementsAre("12 effects to Water Color",
-                                                       "mark, alpha 77", "Posterize rendered 7"));
+    const EffectPointer impressionist(NewEffect(4));
+    testing::RandomFrame plane(5, 4, PixelFormatMono8, 3);
+    ASSERT_FALSE(testing::Render(*impressionist, host, plane, plane));  // but this one always does
+    EXPECT_THAT(recorder.calls,
+                ::testing::ElementsAre("12 effects to Water Color", "mark, alpha 77",
+                                       "Posterize rendered 9", "Impressionist rendered 5"));
 }
 
 }  // namespace

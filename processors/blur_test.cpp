@@ -173,6 +173,25 @@ TEST(Blur, TurnsAlphaFirstIntoAlphaLast) {
     }
 }
 
+TEST(Blur, KeepsWhereAlphaWouldBeInAFrameThatHasItElsewhere) {
+    for (const bool floats : {false, true}) {
+        const PixelFormat from = floats ? PixelFormatBGRA32f : PixelFormatBGRA8;
+        const PixelFormat to = floats ? PixelFormatARGB32f : PixelFormatARGB8;
+        RandomFrame src(21, 18, from, 1), dst(21, 18, to, 2), all(21, 18, from, 3);
+        ASSERT_TRUE(Processors::CBlur().Process(&src, &all, 7, 6, nullptr, true));
+        ASSERT_TRUE(Processors::CBlur().Process(&src, &dst, 7, 6, nullptr, false));
+        for (int y = 0; y < 18; ++y)
+            for (int i = 0; i < 4 * 21; ++i) {
+                // Plane 0 comes unblurred from the widened copy's corner, plane 3 from the source.
+                const int x = std::clamp(i / 4 - 3, 2, 18);
+                const float expected = i % 4 == 0   ? SampleAt(src, std::clamp(y - 3, 2, 15), 4 * x)
+                                       : i % 4 == 3 ? SampleAt(src, y, i)
+                                                    : SampleAt(all, y, i);
+                ASSERT_EQ(SampleAt(dst, y, i), expected);
+            }
+    }
+}
+
 TEST(Blur, RefusesWithoutMemoryAndGivesAllBack) {
     for (const PixelFormat format : kAllFormats)
         for (int pieces = 0; pieces < 4; ++pieces) {

@@ -124,6 +124,23 @@ TEST(ColorTwist, InPlaceRoundTripsAndPlanesAreCopied) {
     }
 }
 
+TEST(ColorTwist, InPlaceAlphaIsCut) {
+    MemoryAllocator allocator;
+    for (const PixelFormat format : {PixelFormatBGRA32f, PixelFormatARGB32f}) {
+        RandomFrame frame(3, 1, format, 1), dst(3, 1, format, 2);
+        auto* alpha = RowOf<float>(frame, 0) + Processors::AlphaPlane(frame);
+        alpha[0] = 1.5f;
+        alpha[4] = -1.0f;
+        alpha[8] = 0.25f;
+        ASSERT_TRUE(CColorTwist().Process(&frame, &dst, 0.3f, 0.6f, 0.4f, 0.2f, allocator));
+        EXPECT_EQ(SampleAt(dst, 0, Processors::AlphaPlane(dst)), 1.5f);
+        ASSERT_TRUE(CColorTwist().Process(&frame, &frame, 0.3f, 0.6f, 0.4f, 0.2f, allocator));
+        EXPECT_EQ(alpha[0], 1.0f);
+        EXPECT_EQ(alpha[4], 0.0f);
+        EXPECT_EQ(alpha[8], 0.25f);
+    }
+}
+
 TEST(ColorTwist, CutsTheWholeFloatFrameAndSurvivesWildControls) {
     MemoryAllocator allocator;
     RandomFrame src(5, 4, PixelFormatBGRA32f, 1), dst(7, 6, PixelFormatBGRA32f, 2);

@@ -311,6 +311,20 @@ TEST(Impressionist, StrokesMoveWithTheSeedUnlessTheyAreLocked) {
     EXPECT_TRUE(SamePixels(locked, first));
 }
 
+TEST(Impressionist, PaintsWithoutTheHostsMemory) {
+    const EffectPointer effect(NewEffect(kImpressionist));
+    CountingAllocator lender;
+    lender.refuseAfter = 0;
+    TestHost host, poor(&lender);
+    UseDefaults(*effect, host);
+    UseDefaults(*effect, poor);
+    RandomFrame src(64, 48, PixelFormatARGB8, 1), dst(64, 48, PixelFormatARGB8, 2),
+        expected(64, 48, PixelFormatARGB8, 3);
+    ASSERT_TRUE(Render(*effect, host, src, expected));
+    ASSERT_TRUE(Render(*effect, poor, src, dst));
+    EXPECT_TRUE(SamePixels(dst, expected));
+}
+
 TEST(Impressionist, ResetToNoneIsTheSource) {
     const EffectPointer effect(NewEffect(kImpressionist));
     TestHost host;

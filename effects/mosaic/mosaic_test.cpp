@@ -12,6 +12,7 @@
 #include "effects/mosaic/remove_borders.h"
 #include "effects/testing.h"
 #include "processors/channel_reverse.h"
+#include "processors/copy_plane.h"
 #include "processors/set_color.h"
 
 namespace brushworks {
@@ -396,6 +397,21 @@ TEST(Mosaic, FacetsDoNotDependOnTheOrderOfChannels) {
     }
     Processors::CChannelReverse().Process(&dst, &reversed);
     EXPECT_TRUE(SamePixels(reversed, result));
+}
+
+TEST(Mosaic, WithoutWorkingFramesAlphaAloneComesOver) {
+    const EffectPointer effect(NewEffect(kMosaic));
+    CountingAllocator lender;
+    TestHost poor(&lender);
+    UseDefaults(*effect, poor);
+    RandomFrame src(40, 30, PixelFormatARGB32f, 1), dst(40, 30, PixelFormatARGB32f, 2),
+        expected(40, 30, PixelFormatARGB32f, 2);
+    Processors::CCopyPlane().Process(&src, &expected, 0, 0);
+    for (lender.refuseAfter = 0; lender.refuseAfter < 2; ++lender.refuseAfter) {
+        lender.lent = 0;
+        EXPECT_TRUE(Render(*effect, poor, src, dst));
+        EXPECT_TRUE(SamePixels(dst, expected));
+    }
 }
 
 TEST(Mosaic, OtherLayoutsAreLeftAsTheyAre) {

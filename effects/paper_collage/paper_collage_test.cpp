@@ -183,6 +183,15 @@ TEST_F(PaperCollage, WithoutDistanceThereAreAsManyColoursAsLevels) {
     }
 }
 
+TEST_F(PaperCollage, AsksTheHostInItsOwnOrder) {
+    RandomFrame src(9, 6, PixelFormatBGRA8, 1), dst(9, 6, PixelFormatBGRA8, 2);
+    host.asked.clear();
+    ASSERT_TRUE(Render(*effect, host, src, dst));
+    EXPECT_THAT(host.asked, ::testing::ElementsAre(
+                                kBalance, kRounding, kLayers, kForeground, kBackground, kDistance,
+                                kShadowColor, kBlendColors, kAngle, kShadowStrength, kContrast));
+}
+
 TEST_F(PaperCollage, WithoutMemoryForSheetsThePictureStaysAsItWas) {
     CountingAllocator lender;
     TestHost poor(&lender);

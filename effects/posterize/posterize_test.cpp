@@ -88,6 +88,14 @@ TEST_F(Posterize, OtherLayoutsAreLeftAsTheyAre) {
         EXPECT_TRUE(Render(*effect, host, src, dst));
         EXPECT_TRUE(SamePixels(dst, before));
     }
+    RandomFrame plane(9, 6, PixelFormatMono8, 1), dst(9, 6, PixelFormatARGB8, 2),
+        expected(9, 6, PixelFormatARGB8, 2);
+    for (int y = 0; y < 6; ++y)
+        for (int x = 0; x < 9; ++x)
+            Processors::RowOf<unsigned char>(expected, y)[4 * x + 3] =
+                Processors::RowOf<unsigned char>(plane, y)[x];
+    EXPECT_TRUE(Render(*effect, host, plane, dst));
+    EXPECT_TRUE(SamePixels(dst, expected));
 }
 
 }  // namespace
