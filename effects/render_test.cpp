@@ -173,6 +173,7 @@ TEST_P(EveryEffect, RefusesWhatNoRenderCanMakeAnythingOf) {
     EXPECT_TRUE(refused([](FrameParams& from, FrameParams&) { from.nWidth = 0; }));
     EXPECT_TRUE(refused([](FrameParams&, FrameParams& to) { to.nHeight = -3; }));
     EXPECT_TRUE(refused([](FrameParams& from, FrameParams&) { from.nByteSpan = 35; }));
+    EXPECT_TRUE(refused([](FrameParams&, FrameParams& to) { to.nByteSpan = 37; }));
     EXPECT_TRUE(refused([](FrameParams& from, FrameParams&) { from.nByteSpan = INT32_MIN; }));
     EXPECT_TRUE(refused([](FrameParams& from, FrameParams&) { from.nDepth = 1; }));
     EXPECT_TRUE(refused([](FrameParams&, FrameParams& to) { to.nDepth = 16; }));
@@ -238,7 +239,7 @@ TEST_P(EveryEffect, MemoryGoesBackWhateverIsRefused) {
     for (const PixelFormat format : kColorFormats) {
         Picture src(48, 40, format, 1);
         RandomFrame dst(48, 40, format, 2), plain(48, 40, format, 3);
-        lender.lent = 0;
+        lender.lent = lender.asked = 0;
         lender.refuseAfter = INT32_MAX;
         ASSERT_TRUE(Render(*effect, lending, src, dst));
         ASSERT_TRUE(Render(*effect, host, src, plain));

@@ -24,9 +24,14 @@ bool IsBytePlane(const CFrame& frame) {
 }
 
 bool IsAligned(const CFrame& frame) {
-    const int sample = BytesPerSample(frame);
-    return reinterpret_cast<std::uintptr_t>(frame.m_pBuffer) % sample == 0 &&
-           frame.m_nByteSpan % sample == 0;
+    return reinterpret_cast<std::uintptr_t>(frame.m_pBuffer) % BytesPerSample(frame) == 0;
+}
+
+/// Rows of the known formats are stepped in pixels; of the others in bytes alone.
+bool HasRowsOfWholePixels(const CFrame& frame) {
+    const bool isKnown = Processors::IsByteColor(frame) || Processors::IsFloatColor(frame) ||
+                         Processors::IsFloatPlane(frame) || IsBytePlane(frame);
+    return !isKnown || frame.m_nByteSpan % frame.m_nDepth == 0;
 }
 
 }  // namespace
@@ -37,7 +42,8 @@ bool HasSoundRows(const CFrame& frame) {
 }
 
 bool OpenHostFrame(const FrameParams* params, CFrame& frame) {
-    return frame.Init(params) && HasSoundRows(frame) && DepthSuits(frame) && IsAligned(frame);
+    return frame.Init(params) && HasSoundRows(frame) && DepthSuits(frame) && IsAligned(frame) &&
+           HasRowsOfWholePixels(frame);
 }
 
 bool HaveSamplesAlike(const CFrame& a, const CFrame& b) {

@@ -11,7 +11,8 @@ namespace brushworks {
 bool HasSoundRows(const CFrame& frame);
 
 /// Wraps a host's frame. False for null records or buffers, sizes below 1, rows that overlap in
-/// memory, a depth that does not suit the pixel format, and floats out of alignment.
+/// memory, a depth that does not suit the pixel format, a stride that is not whole pixels, and
+/// floats out of alignment.
 bool OpenHostFrame(const FrameParams* params, CFrame& frame);
 
 /// Both hold floats or neither does, so that what is aligned for one is for the other.

@@ -19,12 +19,17 @@ enum PixelFormat : std::int32_t {
 
 /// A picture in memory. Whoever made the record owns it and the pixels; the library keeps no
 /// pointer to either past the call that received them.
+///
+/// A record is sound when rows do not overlap, nDepth is that of its format, nByteSpan is a whole
+/// number of pixels, and floats lie at addresses that are multiples of 4. What is not sound is
+/// refused; nothing of it is read or written.
 struct FrameParams {
     std::uint8_t* pBuffer;   ///< first byte of the row that has the lowest address; with a negative
                              ///< nByteSpan, of the row that is first on screen
     std::int32_t nWidth;     ///< pixels per row
     std::int32_t nHeight;    ///< rows
-    std::int32_t nByteSpan;  ///< bytes from one row to the next; negative allowed
+    std::int32_t nByteSpan;  ///< bytes from one row to the next, a multiple of nDepth; negative
+                             ///< allowed
     std::int32_t nDepth;     ///< bytes per pixel: 4 for 8-bit colour, 16 for float colour, 1, 4
     std::int32_t nReserved0;    ///< write 0
     std::int32_t nReserved1;    ///< write 0

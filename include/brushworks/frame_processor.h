@@ -20,9 +20,10 @@ namespace brushworks {
 ///
 /// True is done. False is refused, or out of memory: null records or buffers, sizes below 1, rows
 /// that overlap in memory (a stride of 0 among them), a depth that does not suit the format, floats
-/// that are not aligned to 4 bytes, one frame of bytes with one of floats, and different bytes per
-/// pixel but where an operation tells otherwise; further what it tells below. A channel is its
-/// place in the pixel's memory order, 0 to 3, in colour formats.
+/// that are not aligned to 4 bytes, a stride that is not a whole number of pixels in the formats of
+/// PixelFormat, one frame of bytes with one of floats, and different bytes per pixel but where an
+/// operation tells otherwise; further what it tells below. A channel is its place in the pixel's
+/// memory order, 0 to 3, in colour formats.
 class IFrameProcessor : public IUnknown {
   public:
     /// Copies pixels as they are, also between formats of the same samples. Formats that
@@ -53,19 +54,17 @@ class IFrameProcessor : public IUnknown {
     /// are floats.
     virtual bool SetChannelValue(FrameParams* frame, unsigned int channel, unsigned int value) = 0;
     /// `first` over `second`, in formats as that of `first`, a colour format; `premultiplied` tells
-    /// what their colours are. Strides are taken in whole pixels.
+    /// what their colours are.
     virtual bool AlphaBlend(FrameParams* first, FrameParams* second, FrameParams* destination,
                             bool premultiplied) = 0;
     /// Channel k takes the old channel order[k], in place; four entries, each 0 to 3. In float
     /// formats the result is false even when it is done, as it is whenever the order is valid.
     virtual bool SwapChannels(FrameParams* frame, unsigned int* order) = 0;
-    /// Multiplies colours by alpha, in place, colour formats alone. Strides are taken in whole
-    /// pixels.
+    /// Multiplies colours by alpha, in place, colour formats alone.
     virtual bool AlphaPremul(FrameParams* frame) = 0;
     /// Float Y'CbCr of Rec. 601 in studio range, colour differences around one half, to float RGB;
     /// alpha stays. Both frames are A, R, G, B floats: others are true with nothing done. Give one
     /// frame twice: each step reads the source, so that with two frames the last step alone counts.
-    /// Strides are taken in whole pixels.
     virtual bool AppleR4FLToARGB32(FrameParams* source, FrameParams* destination) = 0;
     /// The same back.
     virtual bool ARGB32ToAppleR4FL(FrameParams* source, FrameParams* destination) = 0;

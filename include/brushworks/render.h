@@ -15,6 +15,9 @@ inline constexpr std::int16_t kFieldModeFrame = 3;
 
 /// Written by the host, read and never changed by the library. A host's own record may go on behind
 /// the last member.
+///
+/// On the processor, Impressionist and Mosaic look at nFieldMode whatever dwFlags says, and take
+/// anything but 3 for a field: set it to 3 for whole frames.
 struct RenderInfo {
     std::uint32_t dwFlags;     ///< kRenderHas... bits
     double dPixelAspect;       ///< width of a pixel over its height
