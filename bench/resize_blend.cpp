@@ -306,10 +306,6 @@ std::vector<Operation> ResizeBlendPeers() {
     AddResizePeers<float>("ippiResize_32f_C4R", rows);
     return rows;
 }
-#else
-std::vector<Operation> ResizeBlendPeers() {
-    return {};
-}
 #endif
 
 }  // namespace brushworks::bench

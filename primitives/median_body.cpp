@@ -176,6 +176,21 @@ struct Counts {
             return __builtin_ctz(
                 static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(low, high))));
 #endif
+        } else {
+#if defined(__AVX512BW__)
+            return __builtin_ctz(
+                _mm512_cmpgt_epi32_mask((__m512i)parts[0], _mm512_set1_epi32(rank)));
+#elif defined(__AVX2__)
+            const auto low = (__m256)(parts[0] > rank), high = (__m256)(parts[1] > rank);
+            return __builtin_ctz(static_cast<unsigned>(_mm256_movemask_ps(low)) |
+                                 static_cast<unsigned>(_mm256_movemask_ps(high)) << 8);
+#elif defined(__SSE2__)
+            const auto above = [&](int i) { return (__m128i)(parts[i] > rank); };
+            const __m128i low = _mm_packs_epi32(above(0), above(1));
+            const __m128i high = _mm_packs_epi32(above(2), above(3));
+            return __builtin_ctz(
+                static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(low, high))));
+#endif
         }
         int count = 0;
         while (parts[count / kLanesOf][count % kLanesOf] <= rank) ++count;
@@ -301,7 +316,7 @@ class ColumnMedian {
 };
 
 template <class Column, class Sum>
-int LargeMedian(const Call& call, int medians) {
+[[gnu::noinline]] int LargeMedian(const Call& call, int medians) {
     ColumnMedian<Column, Sum> filter(call);
     if (!filter) return kStatusNoMemory;
     for (std::int64_t x = 0; x < call.size.width; x += filter.kStrip)
@@ -332,7 +347,8 @@ int FilterMedian(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int ds
     if (area <= kSmallArea) return SmallMedian<Medians>(call, ByBits{mask});
     if (area <= INT16_MAX && mask.height <= UINT8_MAX)
         return LargeMedian<std::uint8_t, std::int16_t>(call, Medians);
-    return LargeMedian<std::int32_t, std::int32_t>(call, Medians);
+    return mask.height <= UINT16_MAX ? LargeMedian<std::uint16_t, std::int32_t>(call, Medians)
+                                     : LargeMedian<std::int32_t, std::int32_t>(call, Medians);
 }
 
 }  // namespace

@@ -86,7 +86,7 @@ TEST(Median, TakesMasksBeyondThePicture) {
 }
 
 TEST(Median, CountsBeyondBytesAndWords) {
-    for (const IppiSize mask : {IppiSize{3, 301}, {301, 1}, {201, 171}, {259, 257}})
+    for (const IppiSize mask : {IppiSize{3, 301}, {301, 1}, {201, 171}, {259, 257}, {1, 65537}})
         ExpectMediansOfBothForms({5, 3}, mask, {0, mask.height - 1}, false);
 }
 

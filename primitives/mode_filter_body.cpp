@@ -18,8 +18,8 @@ namespace {
 
 constexpr int kBuckets = 256;
 
-// Counts and differences of 16 bits lie in vectors such that the lane of a bucket is its rank
-// first and the number of its vector second: a lane that comes first holds lower buckets.
+// Differences, of 16 bits, lie in vectors such that the lane of a bucket is its rank first and the
+// number of its vector second: a lane that comes first holds lower buckets.
 constexpr int kCountLanes = kVectorBytes / 2;
 constexpr int kVectors = kBuckets / kCountLanes;
 
@@ -51,47 +51,18 @@ inline U16 LastBucketsFromTheTop(std::index_sequence<I...>) {
     return U16{static_cast<std::uint16_t>(kBuckets - kVectors * (static_cast<int>(I) + 1))...};
 }
 
-/// The fullest bucket, the lowest of equals, from the largest count of each lane and the vector
-/// that has it, counted from the last one.
-inline Mode ModeOf(U16 counts, U16 vectorsFromTheTop) {
-    // The count above what the bucket lacks to the last one: the largest of these wins.
-    const auto fromTheTop = (U32)(LastBucketsFromTheTop(Indexes<U16>{}) + vectorsFromTheTop);
-    const U32 even = ((U32)counts & 0xFFFF) << 8 | (fromTheTop & 0xFFFF);
-    const U32 odd = (U32)counts >> 16 << 8 | fromTheTop >> 16;
-    const std::int32_t mode = Largest(Max((I32)even, (I32)odd));
-    return {kBuckets - 1 - (mode & 255), mode >> 8};
+/// The fullest bucket, the lowest of equals, which is the largest of numbers that hold a count and,
+/// in the eight bits below, what the bucket lacks to the last one.
+inline Mode ModeOf(I32 counts) {
+    const std::int32_t largest = Largest(counts);
+    return {kBuckets - 1 - (largest & 255), largest >> 8};
 }
 
-/// How many pixels each bucket holds. A pixel is counted as kUnit of 16 bits.
-class WideCounts {
-  public:
-    static constexpr int kUnit = 1;
-    static constexpr std::int64_t kLargestArea = INT16_MAX;
-
-    void Start(const std::int32_t* counts) {
-        for (unsigned i = 0; i < kBuckets; ++i)
-            m_counts[i % kVectors][i / kVectors] = static_cast<std::int16_t>(counts[i]);
-    }
-
-    /// Adds the differences, and finds the fullest bucket.
-    Mode Add(const std::int16_t* differences) {
-        I16 best = m_counts[0] += Load<I16>(differences), at{};
-        for (int k = 1; k < kVectors; ++k) {
-            const I16 counts = m_counts[k] += Load<I16>(differences + k * kCountLanes);
-            at = Max(at, (I16)((I16)(counts > best) & static_cast<std::int16_t>(k)));
-            best = Max(counts, best);
-        }
-        return ModeOf((U16)best, (U16)(kVectors - 1 - at));
-    }
-
-  private:
-    I16 m_counts[kVectors];
-};
-
-/// The same for smaller masks. The number of a count's vector, from the last one, stands in the
-/// bits below the count, so that one comparison is for both. All is less 2^15, since the oldest
-/// instruction sets have the largest of signed numbers only.
-class TaggedCounts {
+/// How many pixels each bucket of a small mask holds. A pixel is counted as kUnit of 16 bits, and
+/// the number of a count's vector, from the last one, stands in the bits below, so that one
+/// comparison is for both. All is less 2^15, since the oldest instruction sets have the largest of
+/// signed numbers only.
+class NarrowCounts {
   public:
     static constexpr int kUnit = kVectors;
     static constexpr std::int64_t kLargestArea = 65536 / kUnit - 1;
@@ -104,16 +75,47 @@ class TaggedCounts {
         }
     }
 
+    /// Adds the differences, and finds the fullest bucket.
     Mode Add(const std::int16_t* differences) {
         I16 best = m_counts[0] += Load<I16>(differences);
         for (int k = 1; k < kVectors; ++k)
             best = Max(m_counts[k] += Load<I16>(differences + k * kCountLanes), best);
-        const U16 tagged = (U16)best ^ 0x8000;
-        return ModeOf(tagged / kUnit, tagged % kUnit);
+        const U16 tagged = (U16)best ^ 0x8000, counts = tagged / kUnit;
+        const auto below = (U32)(LastBucketsFromTheTop(Indexes<U16>{}) + tagged % kUnit);
+        const U32 even = ((U32)counts & 0xFFFF) << 8 | (below & 0xFFFF);
+        const U32 odd = (U32)counts >> 16 << 8 | below >> 16;
+        return ModeOf(Max((I32)even, (I32)odd));
     }
 
   private:
     I16 m_counts[kVectors];
+};
+
+/// The same in 32 bits, for masks of nearly any size: the buckets of the even lanes of a vector of
+/// differences, then those of the odd ones.
+class WideCounts {
+  public:
+    static constexpr int kUnit = 1;
+    static constexpr std::int64_t kLargestArea = INT32_MAX / kBuckets;
+
+    void Start(const std::int32_t* counts) {
+        for (int i = 0; i < kBuckets; ++i)
+            m_counts[i / kVectors % 2][i % kVectors][i / kVectors / 2] =
+                counts[i] * kBuckets + (kBuckets - 1 - i);
+    }
+
+    Mode Add(const std::int16_t* differences) {
+        I32 best{};
+        for (int k = 0; k < kVectors; ++k) {
+            const auto pairs = Load<I32>(differences + k * kCountLanes);
+            best = Max(m_counts[0][k] += (I32)((U32)pairs << 16) >> 8, best);
+            best = Max(m_counts[1][k] += pairs >> 16 << 8, best);
+        }
+        return ModeOf(best);
+    }
+
+  private:
+    I32 m_counts[2][kVectors];
 };
 
 constexpr int kPlaces = 64;
@@ -198,7 +200,8 @@ class ModeFilter {
           m_dstStep(dstStep),
           m_size(size),
           m_mask(mask),
-          m_counting(std::int64_t{mask.width} * mask.height <= Counts::kLargestArea) {}
+          m_counting(mask.width <= INT16_MAX &&
+                     std::int64_t{mask.width} * mask.height <= Counts::kLargestArea) {}
     ~ModeFilter() {
         ippiFree(m_buckets);
         ippsFree(m_tile);
@@ -255,7 +258,7 @@ class ModeFilter {
     /// The first result of a column; then the mask moves on to the next one.
     void StartColumn(Column<Counts>& column, int x) {
         column.base = m_base;
-        column.counts.Start(m_base.counts);
+        if (m_counting) column.counts.Start(m_base.counts);
         column.walked = false;
         Put(x, 0, m_base.ColourOfMode());
         if (x + 1 == m_size.width) return;
@@ -372,7 +375,7 @@ class ModeFilter {
     const int m_dstStep;
     const IppiSize m_size;
     const IppiSize m_mask;
-    const bool m_counting;              ///< counts fit 16 bits
+    const bool m_counting;              ///< counts and differences fit their bits
     Tables m_base;                      ///< of the mask in the first row
     std::uint8_t* m_buckets = nullptr;  ///< of every pixel, kPlaces of room before each row
     int m_bucketStep = 0;
@@ -401,8 +404,8 @@ int ModeFilter_8u_C4R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, i
     const std::int64_t area = std::int64_t{mask.width} * mask.height;
     if (area > INT32_MAX || std::int64_t{size.height} + mask.height - 1 > INT32_MAX)
         return kStatusBadArgument;
-    return area <= TaggedCounts::kLargestArea
-               ? Filter<TaggedCounts>(src, srcStep, dst, dstStep, size, mask)
+    return area <= NarrowCounts::kLargestArea
+               ? Filter<NarrowCounts>(src, srcStep, dst, dstStep, size, mask)
                : Filter<WideCounts>(src, srcStep, dst, dstStep, size, mask);
 }
 

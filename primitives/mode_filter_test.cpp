@@ -78,6 +78,7 @@ enum class Look {
     kPicture,  ///< slopes, edges and grain
     kStripes,  ///< nearly every pixel of a mask in a bucket of its own, and some that are not
     kFlat,     ///< one bucket, but a colour of its own for each pixel
+    kRows,     ///< the same for each row
 };
 constexpr Look kLooks[] = {Look::kNoise, Look::kPicture, Look::kStripes, Look::kFlat};
 
@@ -94,6 +95,7 @@ void Paint(Image& image, Look look) {
                 if (look == Look::kStripes)
                     p[c] = static_cast<std::uint8_t>(37 * x + 101 * y + (p[3] < 3 ? 37 : 0));
                 if (look == Look::kFlat) p[c] = 100;
+                if (look == Look::kRows) p[c] = static_cast<std::uint8_t>(91 * y);
             }
         }
 }
@@ -130,17 +132,21 @@ TEST(ModeFilter, WalksAsTold) {
 }
 
 TEST(ModeFilter, CountsMasksOfAnySize) {
-    // Masks of the most pixels that each way of counting holds in any variant, and of one more. A
-    // flat picture has them all in one bucket.
+    // Masks of the most pixels that each way of counting holds in any variant, and of one more;
+    // then one in 32 bits, and rows as long as differences hold. A flat picture has all in one
+    // bucket, and one of rows exchanges all at each step.
     for (const IppiSize mask : {IppiSize{89, 23},
                                 {64, 32},
                                 {91, 45},
                                 {64, 64},
                                 {1, 8191},
                                 {8192, 1},
-                                {217, 151},
-                                {256, 128}})
-        for (const Look look : {Look::kPicture, Look::kFlat}) ExpectTheWalk({5, 7}, mask, look);
+                                {256, 129},
+                                {32767, 2},
+                                {32768, 1}})
+        for (const Look look : {Look::kPicture, Look::kFlat, Look::kRows})
+            ExpectTheWalk({5, 7}, mask, look);
+    ExpectTheWalk({2, 2}, {47, 178481}, Look::kFlat);  // the most pixels of all
 }
 
 TEST(ModeFilter, RefusesWhatIsNoImage) {

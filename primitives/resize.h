@@ -4,9 +4,8 @@
 // from the destination's corner, takes the source at u = (x + 0.5 - shift) / factor - 0.5, counted
 // from the corner of the source region, in double precision. Nothing smooths when shrinking. Taps
 // outside the source region, or outside the image where the region reaches beyond it, repeat the
-// nearest pixel. Sums are single precision, each from the lowest tap, along the column first if
-// yFactor is below 1 and else along the row first; 8-bit results are rounded once, ties to even,
-// and cut to 0..255.
+// nearest pixel. Sums are single precision, each from the lowest tap, along the column first; 8-bit
+// results are rounded once, ties to even, and cut to 0..255.
 //
 // A destination region with a corner writes that part of the whole picture, so that a picture may
 // be made in pieces. Sizes below 1 give -6; a factor that is not above 0, a shift that is not

@@ -16,21 +16,40 @@ double Sinc(double x) {
     return std::sin(std::numbers::pi * x) / (std::numbers::pi * x);
 }
 
-void CubicWeights(double t, float* weights) {
-    weights[0] = static_cast<float>(((-0.5 * t + 1.0) * t - 0.5) * t);
-    weights[1] = static_cast<float>((1.5 * t - 2.5) * t * t + 1.0);
-    weights[2] = static_cast<float>(((-1.5 * t + 2.0) * t + 0.5) * t);
-    weights[3] = static_cast<float>((0.5 * t - 0.5) * t * t);
+void CubicWeights(double t, double* weights) {
+    weights[0] = ((-0.5 * t + 1.0) * t - 0.5) * t;
+    weights[1] = (1.5 * t - 2.5) * t * t + 1.0;
+    weights[2] = ((-1.5 * t + 2.0) * t + 0.5) * t;
+    weights[3] = (0.5 * t - 0.5) * t * t;
 }
 
-void LanczosWeights(double t, float* weights) {
-    double w[6], sum = 0;
+void LanczosWeights(double t, double* weights) {
+    double sum = 0;
     for (int k = 0; k < 6; ++k) {
         const double distance = t - (k - 2);
-        w[k] = Sinc(distance) * Sinc(distance / 3);
-        sum += w[k];
+        weights[k] = Sinc(distance) * Sinc(distance / 3);
+        sum += weights[k];
     }
-    for (int k = 0; k < 6; ++k) weights[k] = static_cast<float>(w[k] / sum);
+    for (int k = 0; k < 6; ++k) weights[k] /= sum;
+}
+
+/// The weights of a position that lies by `t` behind the last tap at or before it.
+void FindWeights(int interpolation, double t, double* weights) {
+    switch (interpolation) {
+        case kResizeNearest:
+            weights[0] = 1;
+            break;
+        case kResizeLinear:
+            weights[0] = 1 - t;
+            weights[1] = t;
+            break;
+        case kResizeCubic:
+            CubicWeights(t, weights);
+            break;
+        default:
+            LanczosWeights(t, weights);
+            break;
+    }
 }
 
 }  // namespace
@@ -50,32 +69,18 @@ int TapsOf(int interpolation) {
     }
 }
 
-std::int64_t ResizeAxis::FirstTap(int x, float* weights) const {
+void ResizeAxis::TapsAt(int x, ResizeTap* taps) const {
     // From four pixels outside on, all taps meet the edge: farther positions are alike.
     const double u = std::clamp((x + 0.5 - shift) / factor - 0.5, static_cast<double>(lowest - 4),
                                 static_cast<double>(highest + 4));
-    if (interpolation == kResizeNearest) {
-        weights[0] = 1.0f;
-        return static_cast<std::int64_t>(std::floor(u + 0.5));
-    }
-    const double base = std::floor(u), t = u - base;
-    switch (interpolation) {
-        case kResizeLinear:
-            weights[1] = static_cast<float>(t);
-            weights[0] = 1.0f - weights[1];
-            break;
-        case kResizeCubic:
-            CubicWeights(t, weights);
-            break;
-        default:
-            LanczosWeights(t, weights);
-            break;
-    }
-    return static_cast<std::int64_t>(base) - (TapsOf(interpolation) / 2 - 1);
-}
-
-std::int64_t ResizeAxis::Inside(std::int64_t position) const {
-    return std::clamp(position, lowest, highest);
+    const double base = std::floor(interpolation == kResizeNearest ? u + 0.5 : u);
+    double weights[kMostTaps];
+    FindWeights(interpolation, u - base, weights);
+    const int count = TapsOf(interpolation);
+    const std::int64_t first = static_cast<std::int64_t>(base) - (count - 1) / 2;
+    for (int k = 0; k < count; ++k)
+        taps[k] = {static_cast<std::int32_t>(std::clamp(first + k, lowest, highest) - lowest),
+                   static_cast<float>(weights[k])};
 }
 
 }  // namespace brushworks

@@ -8,11 +8,14 @@ namespace brushworks {
 
 inline constexpr int kMostTaps = 6;
 
-/// How far taps reach beyond the source on either side, at most.
-inline constexpr int kTapMargin = 8;
-
 /// The taps of an interpolation; 0 for an unknown one.
 int TapsOf(int interpolation);
+
+/// A source position and what its sample counts.
+struct ResizeTap {
+    std::int32_t at;
+    float weight;
+};
 
 /// One axis: the mapping, and the source positions that may be read, counted from the region's
 /// corner.
@@ -23,12 +26,9 @@ struct ResizeAxis {
     std::int64_t lowest;
     std::int64_t highest;
 
-    /// The first tap of destination position `x`; it lies at most kTapMargin beyond the source,
-    /// however far away the position itself is. Stores TapsOf(interpolation) weights.
-    std::int64_t FirstTap(int x, float* weights) const;
-
-    /// The nearest position that may be read.
-    std::int64_t Inside(std::int64_t position) const;
+    /// Stores the TapsOf(interpolation) taps of destination position `x`, counted from `lowest` on;
+    /// those outside have come to the nearest position that may be read.
+    void TapsAt(int x, ResizeTap* taps) const;
 };
 
 }  // namespace brushworks

@@ -1,9 +1,5 @@
-// Oil's steps, put together from the filters themselves, and what its daubs do to a picture.
+// What Oil's daubs and controls do to a picture.
 #include "effects/testing.h"
-#include "primitives/mode_filter.h"
-#include "processors/canvaskit/fill_border.h"
-#include "processors/canvaskit/hsv.h"
-#include "processors/canvaskit/median.h"
 
 namespace brushworks {
 namespace {
@@ -39,51 +35,6 @@ void ExpectSameColours(const CFrame& a, const CFrame& b) {
             if (i % 4 != 3) {
                 ASSERT_EQ(SampleAt(a, y, i), SampleAt(b, y, i)) << "row " << y << ", sample " << i;
             }
-}
-
-TEST_F(Oil, SizesFollowTheLinesOfThePicture) {
-    struct Case {
-        int height;
-        float brush, smoothing;
-        bool field;
-        int radiusX, radiusY, smoothX, smoothY, medians;
-    };
-    constexpr Case kCases[] = {
-        {60, 0.0f, 0.0f, false, 0, 1, 0, 0, 0},
-        {60, 0.0f, 0.0f, true, 1, 1, 0, 0, 0},  // radii that a field halves to nothing
-        {120, 0.0f, 0.9f, false, 1, 1, 0, 0, 0},
-        {120, 0.0f, 0.9f, true, 2, 1, 1, 1, 1},
-        {239, 0.4f, 0.0f, false, 3, 3, 0, 0, 0},
-        {500, 0.21f, 0.38f, false, 5, 5, 2, 2, 1},
-        {501, 0.21f, 0.38f, false, 5, 5, 2, 2, 2},
-        {250, 1.0f, 0.5f, true, 10, 5, 3, 1, 1},
-        {251, 1.0f, 0.5f, true, 10, 5, 3, 1, 2},
-    };
-    RenderInfo info{};
-    info.dwFlags = kRenderHasFieldMode;
-    for (const Param param : {kColorShift, kColor, kBrightness})
-        host.values[param].value = 0.3f + 0.1f * static_cast<float>(param);
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(::testing::Message() << c.height << " lines, brush " << c.brush
-                                          << ", smoothing " << c.smoothing << ", " << c.field);
-        RandomFrame src(33, c.height, PixelFormatBGRA8, 1), dst(33, c.height, PixelFormatBGRA8, 2),
-            expected(33, c.height, PixelFormatBGRA8, 3);
-        host.values[kBrushSize].value = c.brush;
-        host.values[kSmoothing].value = c.smoothing;
-        info.nFieldMode = c.field ? 1 : 3;
-        ASSERT_TRUE(Render(*effect, host, src, dst, &info));
-
-        CFrame bordered;
-        Canvaskit::CFillBorder().Process(src, bordered, c.radiusX, c.radiusY, nullptr);
-        ASSERT_EQ(ModeFilter_8u_C4R(bordered.m_pBuffer, bordered.m_nByteSpan, expected.m_pBuffer,
-                                    expected.m_nByteSpan, {33, c.height},
-                                    {2 * c.radiusX + 1, 2 * c.radiusY + 1}),
-                  kStatusOk);
-        ASSERT_TRUE(Canvaskit::CHSV().Process(expected, expected, 0.8f, 0.9f, 1.0f));
-        for (int i = 0; i < c.medians; ++i)
-            ASSERT_TRUE(Canvaskit::CMedian().Process(expected, c.smoothX, c.smoothY));
-        ExpectSameColours(dst, expected);
-    }
 }
 
 TEST_F(Oil, ASpeckGoesUnderInTheColourAroundIt) {
