@@ -126,7 +126,9 @@ void gallery(const host::Library& library, const GalleryOptions& options) {
     media::captureLog();
     const Notes note(options.quiet);
     const std::vector<host::Effect> effects = chosenEffects(library, options);
-    OutputFolder output(options.output, options.force);
+    InputFiles inputs;
+    inputs.add(options.input);
+    OutputFolder output(options.output, options.force, std::move(inputs));
     const fs::path folder = output.temporaryPath();
 
     const StillPicture original = readStill(options.input, options.width);

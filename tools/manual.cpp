@@ -14,7 +14,8 @@ paints pictures and videos with the effects of the Brushworks library.
 A video keeps its sound, its times and what else the type of the output has room for; its frames
 render on all cores.
 An output appears only when it is whole, and an existing one is only replaced with
-.BR \-\-force .
+.BR \-\-force ;
+a file that is read is never written.
 Results go to standard output, everything else that is said to standard error.
 )";
 
@@ -85,7 +86,8 @@ source <(brushworks completion bash)
 The work is done.
 .TP
 .B 1
-It failed: a file cannot be read or written, or is damaged. There is no output then.
+It failed: a file cannot be read or written, is damaged or cut short, or would be input and output.
+There is no output then.
 .TP
 .B 2
 The command line is wrong; the message names what would be right.

@@ -21,7 +21,8 @@ int makeFile(const std::string& path) {
 }
 
 /// Where the file comes to lie. A link keeps its place: the file that it points to is replaced.
-fs::path checkedTarget(const std::string& path, bool replace) {
+fs::path checkedTarget(const std::string& path, bool replace, const InputFiles& inputs) {
+    inputs.refuse(path);
     fs::path target = behindLink(path);
     std::error_code ignored;
     const fs::file_status status = fs::status(target, ignored);
@@ -35,14 +36,14 @@ fs::path checkedTarget(const std::string& path, bool replace) {
 
 }  // namespace
 
-void OutputFile::check(const std::string& path, bool replace) {
-    const fs::path target = checkedTarget(path, replace);
+void OutputFile::check(const std::string& path, bool replace, const InputFiles& inputs) {
+    const fs::path target = checkedTarget(path, replace, inputs);
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
     if (access(folder.c_str(), W_OK | X_OK) != 0) failWriting(target, errno);
 }
 
-OutputFile::OutputFile(const std::string& path, bool replace)
-    : m_path(checkedTarget(path, replace)), m_bReplace(replace) {
+OutputFile::OutputFile(const std::string& path, bool replace, const InputFiles& inputs)
+    : m_path(checkedTarget(path, replace, inputs)), m_bReplace(replace) {
     m_unfinished.emplace(m_path, makeFile);
 }
 

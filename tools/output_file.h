@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "input_files.h"
 #include "unfinished.h"
 
 namespace brushworks::tools {
@@ -14,12 +15,12 @@ namespace brushworks::tools {
 /// ends the program. One at a time.
 class OutputFile {
   public:
-    /// Throws std::runtime_error when there is such a file and `replace` is false, or when the
-    /// folder takes no file.
-    OutputFile(const std::string& path, bool replace);
+    /// Throws std::runtime_error when the path leads to one of the run's inputs, when there is such
+    /// a file and `replace` is false, or when the folder takes no file.
+    OutputFile(const std::string& path, bool replace, const InputFiles& inputs);
 
     /// Throws what the constructor would, and makes nothing.
-    static void check(const std::string& path, bool replace);
+    static void check(const std::string& path, bool replace, const InputFiles& inputs);
 
     const std::string& temporaryPath() const { return m_unfinished->path(); }
     /// Writes all that the file holds.

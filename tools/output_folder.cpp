@@ -10,6 +10,7 @@
 #include <fstream>
 #include <set>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace brushworks::tools {
@@ -63,8 +64,11 @@ fs::path named(const std::string& path) {
 
 }  // namespace
 
-OutputFolder::OutputFolder(const std::string& path, bool replace)
-    : m_sGiven(path), m_path(behindLink(named(path))), m_bReplace(replace) {
+OutputFolder::OutputFolder(const std::string& path, bool replace, InputFiles inputs)
+    : m_sGiven(path),
+      m_path(behindLink(named(path))),
+      m_bReplace(replace),
+      m_inputs(std::move(inputs)) {
     std::error_code ignored;
     if (fs::equivalent(m_path, fs::current_path(), ignored)) {
         throw std::runtime_error(path + " is the current folder; the output needs one of its own");
@@ -80,6 +84,7 @@ OutputFolder::Holds OutputFolder::checkTarget() const {
     const std::set<std::string> own = ownFiles(m_path);
     Holds holds = Holds::kNothing;
     for (const fs::directory_entry& entry : fs::directory_iterator(m_path)) {
+        m_inputs.refuse(entry.path().string());
         const std::string name = entry.path().filename().string();
         if (own.count(name) == 0 || entry.is_directory()) {
             throw std::runtime_error(m_sGiven + " holds other files, such as " + name +

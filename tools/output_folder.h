@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "input_files.h"
 #include "unfinished.h"
 
 namespace brushworks::tools {
@@ -15,9 +16,9 @@ namespace brushworks::tools {
 /// commit nothing is left behind, also when a signal ends the program. One at a time.
 class OutputFolder {
   public:
-    /// Throws std::runtime_error when the folder holds other files, or files of its own while
-    /// `replace` is false.
-    OutputFolder(const std::string& path, bool replace);
+    /// Throws std::runtime_error when the folder holds one of the run's inputs or other files, or
+    /// files of its own while `replace` is false.
+    OutputFolder(const std::string& path, bool replace, InputFiles inputs);
 
     const std::string& temporaryPath() const { return m_unfinished->path(); }
     /// Gives the folder its name, on disk and whole.
@@ -31,6 +32,7 @@ class OutputFolder {
     std::string m_sGiven;  ///< the path as the user knows it
     std::filesystem::path m_path;
     bool m_bReplace;
+    InputFiles m_inputs;
     std::optional<Unfinished> m_unfinished;
 };
 

@@ -3,9 +3,13 @@
 
 #include <filesystem>
 #include <optional>
+#include <set>
+#include <stdexcept>
+#include <string>
 #include <utility>
 #include <vector>
 
+#include "input_files.h"
 #include "media/log.h"
 #include "media/reader.h"
 #include "paint_pictures.h"
@@ -40,6 +44,23 @@ class NewFolder {
     std::string m_sPath;
 };
 
+/// Throws when an output would be an input or another output, as far as their names are known:
+/// those of a video's pictures are when its frames are counted.
+void refuseSameFiles(const InputFiles& inputs, const std::vector<PictureTask>& pictures,
+                     const std::vector<const PaintTask*>& videos) {
+    FilePlaces places;
+    std::set<std::string> taken;
+    const auto check = [&](const std::string& output) {
+        inputs.refuse(output);
+        if (taken.insert(places.of(output)).second) return;
+        throw std::runtime_error("two inputs would both become " + output);
+    };
+    for (const PictureTask& picture : pictures) check(picture.output);
+    for (const PaintTask* task : videos) {
+        if (!task->names) check(task->output);
+    }
+}
+
 }  // namespace
 
 void paint(const host::Library& library, const PaintOptions& options, std::ostream& out) {
@@ -49,7 +70,6 @@ void paint(const host::Library& library, const PaintOptions& options, std::ostre
     std::optional<NewFolder> folder;
     if (isFolderOutput(options) && !options.dryRun) folder.emplace(options.output);
 
-    PaintRun run(library, options, out, tasks.size() == 1);
     std::vector<PictureTask> pictures;
     std::vector<const PaintTask*> videos;
     for (const PaintTask& task : tasks) {
@@ -61,6 +81,9 @@ void paint(const host::Library& library, const PaintOptions& options, std::ostre
             videos.push_back(&task);
         }
     }
+    const InputFiles inputs = inputsOf(tasks, options);
+    refuseSameFiles(inputs, pictures, videos);
+    PaintRun run(library, options, inputs, out, tasks.size() == 1);
     if (!pictures.empty()) paintPictures(run, pictures);
     for (const PaintTask* task : videos) paintVideo(run, *task);
     run.finish();

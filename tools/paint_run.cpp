@@ -48,7 +48,7 @@ void PaintRun::begin(std::int64_t frames) {
 }
 
 void PaintRun::writePicture(const std::string& output, const std::string& bytes) {
-    OutputFile file(output, m_options.force);
+    OutputFile file(output, m_options.force, m_inputs);
     file.write(bytes);
     file.commit();
     step();
@@ -59,12 +59,18 @@ void PaintRun::finish() {
 }
 
 bool PaintRun::isDone(const std::string& output) const {
+    if (!m_options.resume || output == "-") return false;
+    m_inputs.refuse(output);
     std::error_code ignored;
-    return m_options.resume && output != "-" && std::filesystem::is_regular_file(output, ignored);
+    return std::filesystem::is_regular_file(output, ignored);
 }
 
 void PaintRun::checkOutput(const std::string& output) const {
-    if (output != "-") OutputFile::check(output, m_options.force);
+    if (output == "-") {
+        m_inputs.refuse(output);
+    } else {
+        OutputFile::check(output, m_options.force, m_inputs);
+    }
 }
 
 PlanWishes wishesOf(const PaintOptions& options, AVRational usualRate) {

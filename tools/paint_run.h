@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/library.h"
+#include "input_files.h"
 #include "notes.h"
 #include "paint_command.h"
 #include "paint_plan.h"
@@ -20,10 +21,11 @@ namespace brushworks::tools {
 class PaintRun {
   public:
     /// With `single` there is one task alone, whose number of frames is that of all.
-    PaintRun(const host::Library& library, const PaintOptions& options, std::ostream& out,
-             bool single)
+    PaintRun(const host::Library& library, const PaintOptions& options, const InputFiles& inputs,
+             std::ostream& out, bool single)
         : m_library(library),
           m_options(options),
+          m_inputs(inputs),
           m_out(out),
           m_note(options.quiet),
           m_bSingle(single),
@@ -36,6 +38,9 @@ class PaintRun {
     /// Where a dry run tells.
     std::ostream& out() const { return m_out; }
 
+    /// What no output may be.
+    const InputFiles& inputs() const { return m_inputs; }
+
     /// Tells the user, once.
     void tell(const std::vector<std::string>& notes);
     /// A task begins whose frames are so many, 0 if not known.
@@ -46,7 +51,8 @@ class PaintRun {
     void step() { m_progress->step(); }
     /// All is done.
     void finish();
-    /// Whether the output is there from a run before, and that is well.
+    /// Whether the output is there from a run before, and that is well. Throws std::runtime_error
+    /// when it is one of the inputs.
     bool isDone(const std::string& output) const;
     /// Throws std::runtime_error when the output cannot be made.
     void checkOutput(const std::string& output) const;
@@ -54,6 +60,7 @@ class PaintRun {
   private:
     const host::Library& m_library;
     const PaintOptions& m_options;
+    const InputFiles& m_inputs;
     std::ostream& m_out;
     const Notes m_note;
     const bool m_bSingle;

@@ -1,10 +1,8 @@
-// Names outputs after inputs, and sees that no two files are one.
+// Names outputs after inputs.
 #include "paint_task.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <set>
-#include <stdexcept>
 
 #include "host/error.h"
 #include "host/names.h"
@@ -44,29 +42,6 @@ void checkKinds(const PaintTask& task) {
         " is a sequence; its output must be a video, or have a place for the number, "
         "such as out-%04d." +
         task.format().extension);
-}
-
-std::string placeOf(const std::string& path) {
-    std::error_code ignored;
-    const fs::path place = fs::weakly_canonical(fs::absolute(path, ignored), ignored);
-    return place.empty() ? path : place.string();
-}
-
-void refuseSameFiles(const std::vector<PaintTask>& tasks) {
-    std::set<std::string> inputs;
-    std::set<std::string> outputs;
-    for (const PaintTask& task : tasks) inputs.insert(placeOf(task.input));
-    for (const PaintTask& task : tasks) {
-        if (task.output == "-") continue;
-        std::error_code ignored;
-        const std::string place = placeOf(task.output);
-        const bool link = fs::equivalent(task.input, task.output, ignored);
-        if (link || inputs.count(place) > 0) {
-            throw std::runtime_error("input and output are the same file, " + task.output);
-        }
-        if (outputs.insert(place).second) continue;
-        throw std::runtime_error("two inputs would both become " + task.output);
-    }
 }
 
 }  // namespace
@@ -114,8 +89,18 @@ std::vector<PaintTask> paintTasks(const PaintOptions& options) {
         checkKinds(task);
         tasks.push_back(std::move(task));
     }
-    refuseSameFiles(tasks);
     return tasks;
+}
+
+InputFiles inputsOf(const std::vector<PaintTask>& tasks, const PaintOptions& options) {
+    InputFiles inputs;
+    for (const PaintTask& task : tasks) {
+        if (!task.sequence) inputs.add(task.input);
+        const std::int64_t count = task.sequence ? task.sequence->count : 0;
+        for (std::int64_t i = 0; i < count; ++i) inputs.add(task.sequence->at(i));
+    }
+    if (!options.choice.presetFile.empty()) inputs.add(options.choice.presetFile);
+    return inputs;
 }
 
 }  // namespace brushworks::tools

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "input_files.h"
 #include "media/output_format.h"
 #include "paint_command.h"
 #include "sequence.h"
@@ -28,9 +29,11 @@ struct PaintTask {
 };
 
 /// The tasks of a run, in the order of the inputs. Throws host::UsageError and
-/// media::MediaUsageError when inputs and output do not go together, std::runtime_error when an
-/// output would be an input or another task's output.
+/// media::MediaUsageError when inputs and output do not go together.
 std::vector<PaintTask> paintTasks(const PaintOptions& options);
+
+/// All files that the run reads, each picture of a sequence among them.
+InputFiles inputsOf(const std::vector<PaintTask>& tasks, const PaintOptions& options);
 
 /// Whether the output is a folder that gets a file for each input.
 bool isFolderOutput(const PaintOptions& options);

@@ -132,7 +132,7 @@ void paintInto(media::Writer& writer, PaintRun& run, FrameSource& source,
 void writeVideo(PaintRun& run, const PaintTask& task, FrameSource& source,
                 const ChosenEffect& chosen, const PaintPlan& plan) {
     std::optional<OutputFile> file;  // a pipe needs none
-    if (task.output != "-") file.emplace(task.output, run.options().force);
+    if (task.output != "-") file.emplace(task.output, run.options().force, run.inputs());
     media::Writer writer(file ? file->temporaryPath() : task.output, task.format(), plan.video,
                          plan.companions);
     std::vector<Pool<media::FramePtr>::Worker> workers;
@@ -181,9 +181,11 @@ std::int64_t firstLeft(const PaintRun& run, const PaintTask& task, const FrameRa
     return number;
 }
 
-/// Throws when a picture is there that must not be replaced.
-void checkPictures(const PaintRun& run, const PaintTask& task, std::int64_t first,
-                   std::int64_t count) {
+/// Throws when a picture is there that must not be replaced, as far as the video tells its frames.
+void checkPictures(const PaintRun& run, const PaintTask& task, media::Reader& reader,
+                   const Part& part) {
+    const std::int64_t first = part.range.first;
+    const std::int64_t count = VideoSource(reader, nullptr, 0, part).expectedFrames();
     for (std::int64_t number = first; number < first + std::max<std::int64_t>(count, 1); ++number) {
         const std::string name = task.pictureName(number);
         if (!run.isDone(name)) run.checkOutput(name);
@@ -201,6 +203,7 @@ void paintVideo(PaintRun& run, const PaintTask& task) {
     const PlanWishes wishes =
         wishesOf(run.options(), task.sequence ? kUsualRate : AVRational{0, 1});
     Opened opened = open(task);
+    if (task.names) checkPictures(run, task, *opened.reader, wishes.part);
     const double rate =
         wishes.part.rate.num > 0 ? av_q2d(wishes.part.rate) : framesPerSecond(*opened.reader);
     const ChosenEffect chosen = chooseEffect(run.library(), run.options().choice, rate);
@@ -214,7 +217,6 @@ void paintVideo(PaintRun& run, const PaintTask& task) {
     }
     run.begin(opened.source->expectedFrames());
     if (task.names) {
-        checkPictures(run, task, wishes.part.range.first, opened.source->expectedFrames());
         writePictures(run, task, *opened.source, chosen, plan);
     } else {
         writeVideo(run, task, *opened.source, chosen, plan);

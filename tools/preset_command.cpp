@@ -108,7 +108,7 @@ void describeAsJson(const Shown& shown, const std::string& library, std::ostream
 
 void savePreset(const host::Library& library, const PresetSaveOptions& options) {
     const host::Effect effect = openEffect(library, options.choice);
-    OutputFile file(options.output, options.force);
+    OutputFile file(options.output, options.force, /*inputs=*/{});
     host::savePresetFile(file.temporaryPath(), effect, presetName(effect.info(), options));
     file.commit();
     const std::string extension = "." + host::presetExtension(effect);

@@ -113,7 +113,7 @@ void takeSound(Reader& reader, Content& content) {
 
 void makeClip(const std::string& path, const Clip& clip) {
     captureLog();
-    const OutputFormat& format = outputFormatOf(path);
+    const OutputFormat& format = clip.format != nullptr ? *clip.format : outputFormatOf(path);
     VideoSettings settings;
     settings.timeBase = av_inv_q(clip.frameRate);
     settings.frameRate = clip.frameRate;

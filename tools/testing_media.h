@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "media/av.h"
+#include "media/output_format.h"
 
 namespace brushworks::tools::testing {
 
@@ -21,9 +22,11 @@ struct Clip {
     AVRational frameRate = {25, 1};
     AVRational pixelAspect = {1, 1};
     bool uneven = false;  ///< each frame stays one tick longer than the one before
+    const media::OutputFormat* format = nullptr;  ///< or that of the path's extension
 };
 
-/// A video; `path` ends in one of the extensions that can be written. Sound needs .mkv.
+/// A video; `path` ends in one of the extensions that can be written, or a format is given. Sound
+/// needs .mkv.
 void makeClip(const std::string& path, const Clip& clip);
 
 /// A picture of bars; with `alpha` its opacity runs from left to right.

@@ -41,6 +41,17 @@ const AVCodec* decoderOf(const AVStream& stream, const AVCodec* usual) {
     return whole != nullptr ? whole : usual;
 }
 
+IoPtr openToRead(const std::string& url, const std::string& failure) {
+    AVIOContext* io = nullptr;
+    check(avio_open(&io, url.c_str(), AVIO_FLAG_READ), failure);
+    return IoPtr(io);
+}
+
+/// So many bytes of a file.
+std::string startUrl(const std::string& path, std::int64_t bytes) {
+    return "subfile,,start,0,end," + std::to_string(bytes) + ",,:" + fileUrl(path);
+}
+
 /// Whether the file's own index tells of data behind the end of the file.
 bool indexPassesEnd(AVStream* stream, std::int64_t fileSize) {
     const int count = avformat_index_get_entries_count(stream);
@@ -81,17 +92,21 @@ Reader::Reader(const std::string& path)
 
 void Reader::openInput(const std::string& path) {
     const std::string failure = "cannot read " + m_sPath;
-    AVIOContext* io = nullptr;
-    check(avio_open(&io, m_bPipe ? "pipe:0" : fileUrl(path).c_str(), AVIO_FLAG_READ), failure);
-    m_pIo.reset(io);
-    if (!m_bPipe && avio_size(io) == 0) throw MediaError(failure + ": it is empty");
-    if (!m_bPipe && endsEarly(*io)) failDamaged("the file is cut short");
+    m_pIo = openToRead(m_bPipe ? "pipe:0" : fileUrl(path), failure);
+    if (!m_bPipe) {
+        const std::int64_t fileSize = avio_size(m_pIo.get());
+        if (fileSize == 0) throw MediaError(failure + ": it is empty");
+        const std::optional<std::int64_t> end = contentEnd(*m_pIo);
+        if (!end) failDamaged("the file is cut short");
+        // Demuxers go on behind the contents' end, and stumble.
+        if (*end < fileSize) m_pIo = openToRead(startUrl(path, *end), failure);
+    }
 
     // No name goes with the data: the type is known by content alone, and no pattern of a name
     // makes FFmpeg look for other files.
     AVFormatContext* input = avformat_alloc_context();
     if (input == nullptr) throw std::bad_alloc();
-    input->pb = io;
+    input->pb = m_pIo.get();
     takeLastError();
     m_errorsAtStart = loggedErrors();
     const AVInputFormat* format = m_bPipe ? av_find_input_format("yuv4mpegpipe") : nullptr;
@@ -166,7 +181,7 @@ PacketPtr Reader::readVideoPacket() {
         if (result < 0 && result != AVERROR_EOF) failDamaged(reason(result));
         if (m_pIo->error < 0) failDamaged(reason(m_pIo->error));
         if (result == AVERROR_EOF) packet.reset();
-        if (m_bPipe) checkPipe(packet.get());
+        checkFrameEnd(packet.get());
         if (!packet) return nullptr;
         const bool cutShort = (packet->flags & AV_PKT_FLAG_CORRUPT) != 0;
         if (packet->stream_index == m_nVideo) {
@@ -202,9 +217,10 @@ void Reader::shiftBy(AVPacket& packet, std::int64_t time, AVRational base) const
     if (packet.dts != AV_NOPTS_VALUE) packet.dts += shift;
 }
 
-void Reader::checkPipe(const AVPacket* packet) {
+void Reader::checkFrameEnd(const AVPacket* packet) {
+    // This demuxer takes a frame that is cut short for the end.
+    if (std::string_view(m_pInput->iformat->name) != "yuv4mpegpipe") return;
     if (packet != nullptr) m_nReadTo = packet->pos + packet->size;
-    // Its demuxer takes a frame that is cut short for the end.
     if (packet == nullptr && avio_tell(m_pIo.get()) != m_nReadTo) {
         failDamaged("a frame is cut short");
     }

@@ -75,7 +75,7 @@ class Reader {
     PacketPtr readVideoPacket();
     void setAside(PacketPtr packet);
     void shiftBy(AVPacket& packet, std::int64_t time, AVRational base) const;
-    void checkPipe(const AVPacket* packet);
+    void checkFrameEnd(const AVPacket* packet);
     /// Whether each packet is one frame, and those that are marked as keys need none before them.
     bool countsPackets() const;
     bool skipPackets(std::int64_t number);
@@ -108,7 +108,7 @@ class Reader {
     std::int64_t m_nFrames = 0;
     std::int64_t m_nShift = 0;  ///< added to all times, in AV_TIME_BASE units
     std::int64_t m_nNextTime = 0;
-    std::int64_t m_nReadTo = 0;  ///< the byte behind the last packet of the pipe
+    std::int64_t m_nReadTo = 0;  ///< the byte behind the last packet of YUV4MPEG2
 };
 
 }  // namespace brushworks::media
