@@ -80,7 +80,7 @@ void CSmooth::FillGaussKernel(int size, float sigma) {
         return all + (255 * (weight / total) >> 8);
     });
     m_nUnit = held >= kLeastHeld ? kSmoothUnit : kFineSmoothUnit;
-    const int divisor = m_nUnit == kSmoothUnit ? total : sum >> 16;
+    const int divisor = m_nUnit == kSmoothUnit ? total : std::max(sum >> 16, 1);
     for (int i = 0; i < size; ++i) m_anKernel[i] /= divisor;
 }
 
