@@ -156,9 +156,12 @@ TEST_F(PaintVideo, RefusesVideosThatAreCutShortOrDamaged) {
             std::string spoilt = bytes;
             spoilt.replace(bytes.size() - 60, 60, 60, '\x7E');
             testing::writeFile(path(bad), spoilt);
-            const Result result = paint(bad, "out.mp4", {"--jobs", "2"});
-            EXPECT_EQ(result.status, 1);
-            EXPECT_THAT(result.err, HasSubstr("is damaged or incomplete"));
+            // Each muxer has something in its hands by then, which it must not keep.
+            for (const char* output : {"out.mp4", "out.mkv", "out.avi", "out.webm", "out.gif"}) {
+                const Result result = paint(bad, output, {"--jobs", "2"});
+                EXPECT_EQ(result.status, 1) << result.err;
+                EXPECT_THAT(result.err, HasSubstr("is damaged or incomplete"));
+            }
         }
     }
     EXPECT_EQ(files(), (Names{"whole.mp4", "bad.mp4", "whole.mkv", "bad.mkv"}));
