@@ -7,6 +7,7 @@ extern "C" {
 
 #include <algorithm>
 
+#include "host/printable.h"
 #include "host/value_text.h"
 #include "media/output_raster.h"
 #include "media/stream_copy.h"
@@ -34,7 +35,7 @@ const char* kindOf(const PaintTask& task, const media::Reader& reader) {
 
 void describeInput(const PaintTask& task, const media::Reader& reader, const AVFrame& first,
                    std::ostream& out) {
-    out << "Input    " << task.input << ": " << kindOf(task, reader) << ", "
+    out << "Input    " << host::printable(task.input) << ": " << kindOf(task, reader) << ", "
         << avcodec_get_name(reader.video().codecpar->codec_id) << ", "
         << sizeText(first.width, first.height) << ", "
         << samplesText(static_cast<AVPixelFormat>(first.format));
@@ -47,7 +48,8 @@ void describeInput(const PaintTask& task, const media::Reader& reader, const AVF
         if (reader.expectedFrames() > 0) out << ", " << reader.expectedFrames() << " frames";
     }
     if (task.sequence) {
-        out << ", " << task.sequence->count << " from " << task.sequence->at(0) << " on";
+        out << ", " << task.sequence->count << " from " << host::printable(task.sequence->at(0))
+            << " on";
     }
     out << '\n';
 }
@@ -56,7 +58,7 @@ void describeOutput(const PaintTask& task, const media::OutputFormat& format, co
                     std::ostream& out) {
     const media::Encoding& encoding = plan.video.encoding;
     const media::Raster& raster = plan.video.raster;
-    out << "Output   " << task.output << ": "
+    out << "Output   " << host::printable(task.output) << ": "
         << (format.picture ? task.names ? "pictures" : "picture" : "video") << ", "
         << encoding.codec->name << ", " << sizeText(raster.width, raster.height) << ", "
         << samplesText(raster.format);

@@ -1,9 +1,9 @@
 // brushworks: the command line. Exit status: 0 done, 1 failed, 2 wrong usage.
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <exception>
 #include <iostream>
 #include <limits>
+#include <ostream>
 
 #include "before_after.h"
 #include "codecs_command.h"
@@ -17,8 +17,10 @@
 #include "manual.h"
 #include "media/error.h"
 #include "misspelling.h"
+#include "notes.h"
 #include "paint_command.h"
 #include "preset_command.h"
+#include "printable_output.h"
 #include "progress.h"
 
 namespace {
@@ -38,16 +40,17 @@ void addList(CLI::App& app) {
     list->callback([] { tools::listEffects(loadLibrary(), std::cout); });
 }
 
-void addInfo(CLI::App& app) {
+/// `data` is standard output for programs; people read std::cout.
+void addInfo(CLI::App& app, std::ostream& data) {
     CLI::App* info = app.add_subcommand("info", "Tell an effect's parameters and presets");
     const auto effect = std::make_shared<std::string>();
     const auto json = std::make_shared<bool>(false);
     info->add_option("EFFECT", *effect, "Id, display name or index of an effect")->required();
     info->add_flag("--json", *json, "Write JSON, with the values of the presets");
-    info->callback([=] {
+    info->callback([=, &data] {
         const host::Effect opened = loadLibrary().open(*effect);
         if (*json) {
-            tools::describeEffectAsJson(opened.info(), std::cout);
+            tools::describeEffectAsJson(opened.info(), data);
         } else {
             tools::describeEffect(opened.info(), std::cout);
         }
@@ -228,23 +231,24 @@ void addPresetSave(CLI::App& preset) {
     save->callback([=] { tools::savePreset(loadLibrary(), *options); });
 }
 
-void addPresetShow(CLI::App& preset) {
+void addPresetShow(CLI::App& preset, std::ostream& data) {
     CLI::App* show = preset.add_subcommand("show", "Tell what a preset file holds");
     const auto file = std::make_shared<std::string>();
     const auto json = std::make_shared<bool>(false);
     show->add_option("FILE", *file, "Preset file of any effect")->required();
     show->add_flag("--json", *json, "Write JSON");
-    show->callback([=] { tools::showPreset(loadLibrary(), *file, *json, std::cout); });
+    show->callback(
+        [=, &data] { tools::showPreset(loadLibrary(), *file, *json, *json ? data : std::cout); });
 }
 
-void addPreset(CLI::App& app) {
+void addPreset(CLI::App& app, std::ostream& data) {
     CLI::App* preset = app.add_subcommand("preset", "Save and show preset files");
     // One page of help tells all; the commands below are small.
     preset->set_help_flag();
     preset->set_help_all_flag("-h,--help", "Print this help message and exit");
     preset->require_subcommand(1);
     addPresetSave(*preset);
-    addPresetShow(*preset);
+    addPresetShow(*preset, data);
 }
 
 void addGallery(CLI::App& app) {
@@ -279,16 +283,18 @@ void addGallery(CLI::App& app) {
     gallery->callback([=] { tools::gallery(loadLibrary(), *options); });
 }
 
-void addGpu(CLI::App& app) {
+void addGpu(CLI::App& app, std::ostream& data) {
     CLI::App* gpu = app.add_subcommand(
         "gpu", "Tell what OpenGL renders here, and which effects render with it");
     const auto options = std::make_shared<tools::GpuOptions>();
     gpu->add_flag("--hardware", options->hardware, "Look for a graphics card alone");
     gpu->add_flag("--json", options->json, "Write JSON");
-    gpu->callback([=] { tools::describeGpu(loadLibrary(), *options, std::cout); });
+    gpu->callback([=, &data] {
+        tools::describeGpu(loadLibrary(), *options, options->json ? data : std::cout);
+    });
 }
 
-void addCompletion(CLI::App& app) {
+void addCompletion(CLI::App& app, std::ostream& data) {
     CLI::App* completion =
         app.add_subcommand("completion",
                            "Print the script by which a shell completes; installed ones are loaded "
@@ -296,29 +302,29 @@ void addCompletion(CLI::App& app) {
     const auto shell = std::make_shared<std::string>();
     tools::limitTo(completion->add_option("SHELL", *shell, "Shell to print it for")->required(),
                    tools::completionShells());
-    completion->callback([=] { tools::writeCompletionScript(*shell, std::cout); });
+    completion->callback([=, &data] { tools::writeCompletionScript(*shell, data); });
 
     // What the scripts ask; the words of a half typed line are nothing to parse.
     CLI::App* answer = app.add_subcommand("complete", "Answer a script of 'completion'");
     answer->group("")->set_help_flag();
     answer->prefix_command();
-    answer->callback([&app, answer] {
-        tools::answerCompletion(app, loadLibrary, answer->remaining(), std::cout);
+    answer->callback([&app, &data, answer] {
+        tools::answerCompletion(app, loadLibrary, answer->remaining(), data);
     });
 }
 
-void addManual(CLI::App& app) {
+void addManual(CLI::App& app, std::ostream& data) {
     CLI::App* manual =
         app.add_subcommand("manual", "Print the manual page, to read with 'man -l -'");
-    manual->callback([&app] { tools::writeManual(app, loadLibrary(), std::cout); });
+    manual->callback([&app, &data] { tools::writeManual(app, loadLibrary(), data); });
 }
 
 int fail(const std::exception& error, int status) {
-    std::fprintf(stderr, "brushworks: %s\n", error.what());
+    tools::say(error.what());
     return status;
 }
 
-int run(int count, char** arguments) {
+int run(int count, char** arguments, std::ostream& data) {
     CLI::App app("Twelve painterly effects for pictures and videos", "brushworks");
     app.set_version_flag("--version", BRUSHWORKS_VERSION);
     app.require_subcommand(1);
@@ -326,19 +332,20 @@ int run(int count, char** arguments) {
         return std::string("brushworks: ") + error.what() + "; --help tells more\n";
     });
     addList(app);
-    addInfo(app);
+    addInfo(app, data);
     addPaint(app);
-    addPreset(app);
+    addPreset(app, data);
     addGallery(app);
     addCodecs(app);
-    addGpu(app);
-    addCompletion(app);
-    addManual(app);
+    addGpu(app, data);
+    addCompletion(app, data);
+    addManual(app, data);
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.
         std::cout.flush();
-        return std::cout ? 0 : fail(std::runtime_error("cannot write the output"), kFailed);
+        data.flush();
+        return std::cout && data ? 0 : fail(std::runtime_error("cannot write the output"), kFailed);
     } catch (const CLI::ParseError& error) {
         const std::string unknown = error.get_exit_code() != 0 ? tools::unknownWord(app) : "";
         if (!unknown.empty()) return fail(host::UsageError(unknown), kWrongUsage);
@@ -356,8 +363,11 @@ int run(int count, char** arguments) {
 
 int main(int count, char** arguments) {
     try {
-        return run(count, arguments);
+        return run(count, arguments, data);
     } catch (const std::exception& error) {
         return fail(error, kFailed);
     }
 }
+    std::ostream data(std::cout.rdbuf());
+    const tools::PrintableOutput out(std::cout);
+    const tools::PrintableOutput talk(std::cerr);

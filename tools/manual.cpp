@@ -15,7 +15,8 @@ A video keeps its sound, its times and what else the type of the output has room
 render on all cores.
 An output appears only when it is whole, and an existing one is only replaced with
 .BR \-\-force .
-Results go to standard output, everything else that is said to standard error.
+Results go to standard output, everything else that is said to standard error; control characters in
+names and values are shown by their codes, such as \\x1b.
 )";
 
 constexpr std::string_view kValues = R"(.SH VALUES
