@@ -12,6 +12,7 @@ extern "C" {
 #include "media/output_raster.h"
 #include "media/stream_copy.h"
 #include "media/writer.h"
+#include "memory_limit.h"
 #include "parameter_table.h"
 
 namespace brushworks::tools {
@@ -86,12 +87,13 @@ void describeOutput(const PaintTask& task, const media::OutputFormat& format, co
 
 void dryRun(const PaintTask& task, const media::Reader& reader, const AVFrame& first,
             const ChosenEffect& chosen, const media::OutputFormat& format, const PaintPlan& plan,
-            std::ostream& out) {
+            std::int64_t memory, std::ostream& out) {
     const media::Writer trial(kNullDevice, format, plan.video, plan.companions);
     const host::EffectInfo& effect = chosen.effect.info();
     describeInput(task, reader, first, out);
     out << "Effect   " << effect.name << " (" << effect.id << ")\n";
     describeOutput(task, format, plan, out);
+    out << "Memory   about " << bytesText(memory) << '\n';
     out << "\nParameters: name, value\n";
     writeParameterTable(effect.parameters, out, [&](const host::ParameterInfo& parameter) {
         const auto moves = [&](const host::Animation& animation) {

@@ -139,6 +139,15 @@ void addPart(CLI::App& paint, tools::PaintOptions& options) {
                    "Go on after a run that was stopped: outputs that are there are left");
 }
 
+/// The options for what is done at once.
+void addWork(CLI::App& app, const std::string& jobsHelp, int& jobs, std::string& memory) {
+    app.add_option("-j,--jobs", jobs, jobsHelp)->type_name("N")->check(CLI::Range(1, kMostJobs));
+    app.add_option("--memory", memory,
+                   "Memory to use at most, such as 800M or 2G, or a share of what is free, such as "
+                   "80% (default: 50%); where it is short, fewer jobs run at once")
+        ->type_name("SIZE");
+}
+
 /// The options for what is said meanwhile.
 void addTalk(CLI::App& app, bool& quiet, std::string& progress) {
     tools::limitTo(
@@ -178,9 +187,8 @@ void addPaint(CLI::App& app) {
         ->type_name(tools::kFileKind)
         ->required();
     addEncoding(*paint, options->encoding);
-    paint->add_option("-j,--jobs", options->jobs, "Frames to render at once (default: all cores)")
-        ->type_name("N")
-        ->check(CLI::Range(1, kMostJobs));
+    addWork(*paint, "Frames to render at once (default: all cores)", options->jobs,
+            options->memory);
     paint
         ->add_option("--seed", options->seed,
                      "Seed of random strokes, the same for all frames unless --hold is given")
@@ -274,10 +282,8 @@ void addGallery(CLI::App& app) {
         ->type_name("N")
         ->check(CLI::Range(16, 16384))
         ->capture_default_str();
-    gallery
-        ->add_option("-j,--jobs", options->jobs, "Pictures to paint at once (default: all cores)")
-        ->type_name("N")
-        ->check(CLI::Range(1, kMostJobs));
+    addWork(*gallery, "Pictures to paint at once (default: all cores)", options->jobs,
+            options->memory);
     gallery->add_flag("-f,--force", options->force, "Replace an older gallery");
     addTalk(*gallery, options->quiet, options->progress);
     gallery->callback([=] { tools::gallery(loadLibrary(), *options); });
@@ -362,12 +368,12 @@ int run(int count, char** arguments, std::ostream& data) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    std::ostream data(std::cout.rdbuf());
+    const tools::PrintableOutput out(std::cout);
+    const tools::PrintableOutput talk(std::cerr);
     try {
         return run(count, arguments, data);
     } catch (const std::exception& error) {
         return fail(error, kFailed);
     }
 }
-    std::ostream data(std::cout.rdbuf());
-    const tools::PrintableOutput out(std::cout);
-    const tools::PrintableOutput talk(std::cerr);

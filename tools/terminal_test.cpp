@@ -49,7 +49,7 @@ TEST_F(Terminal, GetsNoOrdersFromAnyName) {
     expectText({"paint", picture, "-e", "oil", "-o", picture, "-f", "--progress=kv"});
     expectText({"paint", "text" + hostile, "-e", "oil", "-o", "o.png", "--progress=kv"});
     expectText({"paint", "in.png", "-e", "oil", "-o", hostile});
-    for (const char* option : {"-e", "-p", "-s", "--codec", "--pix-fmt", "--scale",
+    for (const char* option : {"-e", "-p", "-s", "--codec", "--pix-fmt", "--scale", "--memory",
                                "--fps", "--jobs", "--preset-file"}) {
         Words words = {"paint", "in.png", "-o", "o.png", option, hostile};
         if (option != std::string("-e")) words.insert(words.end(), {"-e", "oil"});
