@@ -71,6 +71,8 @@ Result CommandTest::wait(pid_t process) const {
     if (WIFSIGNALED(status)) result.signal = WTERMSIG(status);
     result.out = readFile(path(kOut));
     result.err = readFile(path(kErr));
+    // Sanitizers end a process with 1 as well, so that its status hides their reports.
+    EXPECT_EQ(result.err.find("Sanitizer: "), std::string::npos) << result.err;
     return result;
 }
 
