@@ -13,7 +13,7 @@ PrintableOutput::PrintableOutput(std::ostream& stream)
 }
 
 PrintableOutput::~PrintableOutput() {
-    sync();
+    PrintableOutput::sync();
     m_stream.rdbuf(m_pTarget);
 }
 

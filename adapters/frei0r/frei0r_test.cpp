@@ -209,7 +209,7 @@ TEST(Frei0r, WarnsInShortLinesOfText) {
     const std::string warning = ::testing::internal::GetCapturedStderr();
     EXPECT_LT(warning.size(), 700U);
     EXPECT_THAT(warning,
-                ::testing::StartsWith("brushworks_oil: no preset \"\\x1b[2J\\x0a\\x9bxxx"));
+                ::testing::StartsWith("brushworks_oil: oil has no preset \"\\x1b[2J\\x0a\\x9bxxx"));
     EXPECT_THAT(warning, ::testing::EndsWith("\n"));
     EXPECT_EQ(std::count_if(warning.begin(), warning.end(), [](char c) { return c < ' '; }), 1);
 }
