@@ -80,20 +80,6 @@ std::string nearestName(std::string_view wrong, const std::vector<std::string>& 
     return nearest;
 }
 
-std::string printableName(std::string_view name) {
-    std::string printable;
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(name[i]);
-        // UTF-8 has a second range of control characters, of two bytes each.
-        const bool second = byte == 0xC2 && i + 1 < name.size() &&
-                            static_cast<unsigned char>(name[i + 1]) >= 0x80 &&
-                            static_cast<unsigned char>(name[i + 1]) < 0xA0;
-        if (second) ++i;
-        printable += byte < ' ' || byte == 0x7F || second ? '?' : name[i];
-    }
-    return printable;
-}
-
 std::string joinNames(const std::vector<std::string>& names) {
     std::string joined;
     for (const std::string& name : names) {

@@ -27,10 +27,6 @@ std::string unknownName(std::string_view kind, std::string_view wrong,
                         const std::vector<std::string>& right,
                         const std::vector<std::string>& synonyms = {});
 
-/// A name from a stranger as one line that no terminal takes for orders: control characters become
-/// question marks.
-std::string printableName(std::string_view name);
-
 /// The names with ", " between them.
 std::string joinNames(const std::vector<std::string>& names);
 

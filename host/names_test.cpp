@@ -29,13 +29,6 @@ TEST(Names, TheNearestIsOneThatAPersonCouldHaveMeant) {
     EXPECT_THAT(unknownName("effect", "sculpture", right), Not(HasSubstr("did you mean")));
 }
 
-TEST(Names, ATerminalTakesNoOrdersFromAName) {
-    EXPECT_EQ(printableName("\x1B[2JOil\r\n\x7F\xC2\x9B"
-                            "1m"),
-              "?[2JOil????1m");
-    EXPECT_EQ(printableName("Öl über Ähre\xC2\xA0\xC2"), "Öl über Ähre\xC2\xA0\xC2");
-}
-
 ParameterInfo parameter(ParamType type) {
     ParameterInfo info;
     info.name = info.address = "Thing";

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "host/error.h"
-#include "host/names.h"
+#include "host/printable.h"
 #include "presets/document_guard.h"
 #include "presets/preset_extension.h"
 #include "presets/preset_serializer.h"
@@ -73,7 +73,7 @@ void setName(char (&field)[bytes], const std::string& name, const char* what) {
         std::memcpy(field, name.data(), name.size());
         return;
     }
-    throw UsageError(std::string("the name of ") + what + ", \"" + printableName(name) +
+    throw UsageError(std::string("the name of ") + what + ", \"" + printable(name) +
                      "\", does not go into a preset file; names there are UTF-8 of at most " +
                      std::to_string(bytes - 1) + " bytes, without control characters");
 }
@@ -100,12 +100,11 @@ Preset PresetFile::presetFor(const Effect& effect) const {
     const std::string library = effect.libraryName();
     if (m_record.szLibraryName != library) {
         throw UsageError(m_sPath + " is a preset for the effect library \"" +
-                         printableName(m_record.szLibraryName) + "\", not for \"" + library + "\"");
+                         printable(m_record.szLibraryName) + "\", not for \"" + library + "\"");
     }
     if (m_record.szEffectName != info.name) {
         throw UsageError(m_sPath + " is a preset for the effect \"" +
-                         printableName(m_record.szEffectName) + "\", not for \"" + info.name +
-                         "\"");
+                         printable(m_record.szEffectName) + "\", not for \"" + info.name + "\"");
     }
     const std::string difference = differenceOf(m_record, info);
     if (!difference.empty()) {

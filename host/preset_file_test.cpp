@@ -104,7 +104,7 @@ TEST_F(PresetFiles, SaysWhichEffectAndLibraryAFileIsFor) {
     saveEdited(oil, "EffectName=\"Oil\"", "EffectName=\"oil\"");
     EXPECT_THAT(refusal(oil), EndsWith("the effect \"oil\", not for \"Oil\""));
     saveEdited(oil, "EffectName=\"Oil\"", "EffectName=\"Oil&#x9B;1m\"");
-    EXPECT_THAT(refusal(oil), HasSubstr("the effect \"Oil?1m\""));
+    EXPECT_THAT(refusal(oil), HasSubstr("the effect \"Oil\\u009b1m\""));
     saveEdited(oil, "LibraryName=\"Lumenfold", "LibraryName=\"Other");
     EXPECT_THAT(refusal(oil), AllOf(StartsWith("usage: " + m_file),
                                     EndsWith("the effect library \"Other Brushworks\", not for "

@@ -7,10 +7,12 @@ extern "C" {
 
 #include <algorithm>
 
+#include "host/printable.h"
 #include "host/value_text.h"
 #include "media/output_raster.h"
 #include "media/stream_copy.h"
 #include "media/writer.h"
+#include "memory_limit.h"
 #include "parameter_table.h"
 
 namespace brushworks::tools {
@@ -34,7 +36,7 @@ const char* kindOf(const PaintTask& task, const media::Reader& reader) {
 
 void describeInput(const PaintTask& task, const media::Reader& reader, const AVFrame& first,
                    std::ostream& out) {
-    out << "Input    " << task.input << ": " << kindOf(task, reader) << ", "
+    out << "Input    " << host::printable(task.input) << ": " << kindOf(task, reader) << ", "
         << avcodec_get_name(reader.video().codecpar->codec_id) << ", "
         << sizeText(first.width, first.height) << ", "
         << samplesText(static_cast<AVPixelFormat>(first.format));
@@ -47,7 +49,8 @@ void describeInput(const PaintTask& task, const media::Reader& reader, const AVF
         if (reader.expectedFrames() > 0) out << ", " << reader.expectedFrames() << " frames";
     }
     if (task.sequence) {
-        out << ", " << task.sequence->count << " from " << task.sequence->at(0) << " on";
+        out << ", " << task.sequence->count << " from " << host::printable(task.sequence->at(0))
+            << " on";
     }
     out << '\n';
 }
@@ -56,7 +59,7 @@ void describeOutput(const PaintTask& task, const media::OutputFormat& format, co
                     std::ostream& out) {
     const media::Encoding& encoding = plan.video.encoding;
     const media::Raster& raster = plan.video.raster;
-    out << "Output   " << task.output << ": "
+    out << "Output   " << host::printable(task.output) << ": "
         << (format.picture ? task.names ? "pictures" : "picture" : "video") << ", "
         << encoding.codec->name << ", " << sizeText(raster.width, raster.height) << ", "
         << samplesText(raster.format);
@@ -84,12 +87,13 @@ void describeOutput(const PaintTask& task, const media::OutputFormat& format, co
 
 void dryRun(const PaintTask& task, const media::Reader& reader, const AVFrame& first,
             const ChosenEffect& chosen, const media::OutputFormat& format, const PaintPlan& plan,
-            std::ostream& out) {
+            std::int64_t memory, std::ostream& out) {
     const media::Writer trial(kNullDevice, format, plan.video, plan.companions);
     const host::EffectInfo& effect = chosen.effect.info();
     describeInput(task, reader, first, out);
     out << "Effect   " << effect.name << " (" << effect.id << ")\n";
     describeOutput(task, format, plan, out);
+    out << "Memory   about " << bytesText(memory) << '\n';
     out << "\nParameters: name, value\n";
     writeParameterTable(effect.parameters, out, [&](const host::ParameterInfo& parameter) {
         const auto moves = [&](const host::Animation& animation) {

@@ -1,6 +1,7 @@
 // The way of one frame through an effect.
 #include "frame_painter.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -24,12 +25,23 @@ media::Canvas uprightCanvas(const PaintSettings& settings) {
     return media::Canvas(width, height, settings.deep);
 }
 
+constexpr std::int64_t kSmall = 1 << 20;  ///< pixels that need no care
+
 std::string sizeText(int width, int height) {
     return std::to_string(width) + "x" + std::to_string(height);
 }
 
-void readPicture(NumberedFrame& frame) {
-    media::Reader reader(frame.file);
+/// Another size is no use, and nothing much larger is even decoded.
+void readPicture(NumberedFrame& frame, const PaintSettings& settings) {
+    media::FrameLimit limit;
+    limit.pixels =
+        std::min(2 * std::int64_t{settings.decodedWidth} * settings.decodedHeight + kSmall,
+                 media::kMostPixels);
+    limit.refusal = [&](int width, int height) {
+        return "it is " + sizeText(width, height) + ", and the frames before it " +
+               sizeText(settings.decodedWidth, settings.decodedHeight) + "; a video has one size";
+    };
+    media::Reader reader(frame.file, limit);
     if (!reader.isPicture()) throw media::MediaError(frame.file + " is a video, not a picture");
     frame.frame = reader.next();
     frame.frame->pts = frame.time;
@@ -50,7 +62,7 @@ FramePainter::FramePainter(host::Effect effect, const PaintSettings& settings,
 }
 
 media::FramePtr FramePainter::paint(NumberedFrame decoded) {
-    if (!decoded.frame) readPicture(decoded);
+    if (!decoded.frame) readPicture(decoded, m_settings);
     const AVFrame& input = *decoded.frame;
     checkSize(input, decoded);
     const bool fields = m_settings.render.fields || input.interlaced_frame != 0;

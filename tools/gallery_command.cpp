@@ -9,12 +9,14 @@
 #include <utility>
 
 #include "file_names.h"
+#include "frame_memory.h"
 #include "gallery_page.h"
 #include "gallery_painter.h"
 #include "host/names.h"
 #include "job_count.h"
 #include "media/log.h"
 #include "media/output_format.h"
+#include "memory_limit.h"
 #include "notes.h"
 #include "output_folder.h"
 #include "progress.h"
@@ -112,6 +114,20 @@ std::string originalFacts(const StillPicture& original) {
     return facts;
 }
 
+/// As many as there is memory for.
+int jobsFor(const StillPicture& original, const GalleryOptions& options, std::int64_t limit,
+            const Notes& note) {
+    const Size size = {original.frame->width, original.frame->height};
+    FrameMemory memory;
+    memory.job = pictureMemory(size, AV_PIX_FMT_BGRA, size);
+    memory.once = kProgramMemory + memory.job;
+    checkFits(options.input, size, memory.with({}), limit, Scaled::Yes);
+    const auto asked = static_cast<std::size_t>(jobCount(options.jobs));
+    const std::size_t jobs = parallelWithin(memory, limit, asked).jobs;
+    if (jobs < asked) note(fewerJobs(jobs, asked, limit));
+    return static_cast<int>(jobs);
+}
+
 void writePage(const GalleryPage& page, const fs::path& folder) {
     const fs::path path = folder / "index.html";
     std::ofstream file(path, std::ios::binary);
@@ -131,7 +147,9 @@ void gallery(const host::Library& library, const GalleryOptions& options) {
     OutputFolder output(options.output, options.force, std::move(inputs));
     const fs::path folder = output.temporaryPath();
 
-    const StillPicture original = readStill(options.input, options.width);
+    const std::int64_t limit = memoryLimit(options.memory, freeMemory());
+    const StillPicture original =
+        readStill(options.input, options.width, decodingLimit(limit, Scaled::Yes));
     GalleryPage page;
     page.input = fs::path(options.input).filename().string();
     page.originalFacts = originalFacts(original);
@@ -148,7 +166,7 @@ void gallery(const host::Library& library, const GalleryOptions& options) {
     for (const host::Effect& effect : effects) {
         sections.push_back(plannedSection(effect.info(), options, original, names));
     }
-    paintSections(effects, original, folder, jobCount(options.jobs),
+    paintSections(effects, original, folder, jobsFor(original, options, limit, note),
                   progressStyle(options.progress, options.quiet), sections);
     page.sections = painted(std::move(sections), options, note);
     writePage(page, folder);

@@ -13,7 +13,8 @@ struct GalleryOptions {
     std::string output;                ///< the folder
     std::vector<std::string> effects;  ///< id, display name or index each; all when there is none
     int width = 960;                   ///< of the pictures at most
-    int jobs = 0;  ///< pictures painted at once, 0 for as many as there are cores
+    int jobs = 0;        ///< pictures painted at once, 0 for as many as there are cores
+    std::string memory;  ///< what memoryLimit() takes, or ""
     bool force = false;
     std::string progress;  ///< one of progressStyleNames(), or ""
     bool quiet = false;

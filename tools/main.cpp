@@ -1,9 +1,9 @@
 // brushworks: the command line. Exit status: 0 done, 1 failed, 2 wrong usage.
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <exception>
 #include <iostream>
 #include <limits>
+#include <ostream>
 
 #include "before_after.h"
 #include "codecs_command.h"
@@ -17,8 +17,10 @@
 #include "manual.h"
 #include "media/error.h"
 #include "misspelling.h"
+#include "notes.h"
 #include "paint_command.h"
 #include "preset_command.h"
+#include "printable_output.h"
 #include "progress.h"
 
 namespace {
@@ -38,16 +40,17 @@ void addList(CLI::App& app) {
     list->callback([] { tools::listEffects(loadLibrary(), std::cout); });
 }
 
-void addInfo(CLI::App& app) {
+/// `data` is standard output for programs; people read std::cout.
+void addInfo(CLI::App& app, std::ostream& data) {
     CLI::App* info = app.add_subcommand("info", "Tell an effect's parameters and presets");
     const auto effect = std::make_shared<std::string>();
     const auto json = std::make_shared<bool>(false);
     info->add_option("EFFECT", *effect, "Id, display name or index of an effect")->required();
     info->add_flag("--json", *json, "Write JSON, with the values of the presets");
-    info->callback([=] {
+    info->callback([=, &data] {
         const host::Effect opened = loadLibrary().open(*effect);
         if (*json) {
-            tools::describeEffectAsJson(opened.info(), std::cout);
+            tools::describeEffectAsJson(opened.info(), data);
         } else {
             tools::describeEffect(opened.info(), std::cout);
         }
@@ -136,6 +139,15 @@ void addPart(CLI::App& paint, tools::PaintOptions& options) {
                    "Go on after a run that was stopped: outputs that are there are left");
 }
 
+/// The options for what is done at once.
+void addWork(CLI::App& app, const std::string& jobsHelp, int& jobs, std::string& memory) {
+    app.add_option("-j,--jobs", jobs, jobsHelp)->type_name("N")->check(CLI::Range(1, kMostJobs));
+    app.add_option("--memory", memory,
+                   "Memory to use at most, such as 800M or 2G, or a share of what is free, such as "
+                   "80% (default: 50%); where it is short, fewer jobs run at once")
+        ->type_name("SIZE");
+}
+
 /// The options for what is said meanwhile.
 void addTalk(CLI::App& app, bool& quiet, std::string& progress) {
     tools::limitTo(
@@ -175,9 +187,8 @@ void addPaint(CLI::App& app) {
         ->type_name(tools::kFileKind)
         ->required();
     addEncoding(*paint, options->encoding);
-    paint->add_option("-j,--jobs", options->jobs, "Frames to render at once (default: all cores)")
-        ->type_name("N")
-        ->check(CLI::Range(1, kMostJobs));
+    addWork(*paint, "Frames to render at once (default: all cores)", options->jobs,
+            options->memory);
     paint
         ->add_option("--seed", options->seed,
                      "Seed of random strokes, the same for all frames unless --hold is given")
@@ -228,23 +239,24 @@ void addPresetSave(CLI::App& preset) {
     save->callback([=] { tools::savePreset(loadLibrary(), *options); });
 }
 
-void addPresetShow(CLI::App& preset) {
+void addPresetShow(CLI::App& preset, std::ostream& data) {
     CLI::App* show = preset.add_subcommand("show", "Tell what a preset file holds");
     const auto file = std::make_shared<std::string>();
     const auto json = std::make_shared<bool>(false);
     show->add_option("FILE", *file, "Preset file of any effect")->required();
     show->add_flag("--json", *json, "Write JSON");
-    show->callback([=] { tools::showPreset(loadLibrary(), *file, *json, std::cout); });
+    show->callback(
+        [=, &data] { tools::showPreset(loadLibrary(), *file, *json, *json ? data : std::cout); });
 }
 
-void addPreset(CLI::App& app) {
+void addPreset(CLI::App& app, std::ostream& data) {
     CLI::App* preset = app.add_subcommand("preset", "Save and show preset files");
     // One page of help tells all; the commands below are small.
     preset->set_help_flag();
     preset->set_help_all_flag("-h,--help", "Print this help message and exit");
     preset->require_subcommand(1);
     addPresetSave(*preset);
-    addPresetShow(*preset);
+    addPresetShow(*preset, data);
 }
 
 void addGallery(CLI::App& app) {
@@ -270,25 +282,25 @@ void addGallery(CLI::App& app) {
         ->type_name("N")
         ->check(CLI::Range(16, 16384))
         ->capture_default_str();
-    gallery
-        ->add_option("-j,--jobs", options->jobs, "Pictures to paint at once (default: all cores)")
-        ->type_name("N")
-        ->check(CLI::Range(1, kMostJobs));
+    addWork(*gallery, "Pictures to paint at once (default: all cores)", options->jobs,
+            options->memory);
     gallery->add_flag("-f,--force", options->force, "Replace an older gallery");
     addTalk(*gallery, options->quiet, options->progress);
     gallery->callback([=] { tools::gallery(loadLibrary(), *options); });
 }
 
-void addGpu(CLI::App& app) {
+void addGpu(CLI::App& app, std::ostream& data) {
     CLI::App* gpu = app.add_subcommand(
         "gpu", "Tell what OpenGL renders here, and which effects render with it");
     const auto options = std::make_shared<tools::GpuOptions>();
     gpu->add_flag("--hardware", options->hardware, "Look for a graphics card alone");
     gpu->add_flag("--json", options->json, "Write JSON");
-    gpu->callback([=] { tools::describeGpu(loadLibrary(), *options, std::cout); });
+    gpu->callback([=, &data] {
+        tools::describeGpu(loadLibrary(), *options, options->json ? data : std::cout);
+    });
 }
 
-void addCompletion(CLI::App& app) {
+void addCompletion(CLI::App& app, std::ostream& data) {
     CLI::App* completion =
         app.add_subcommand("completion",
                            "Print the script by which a shell completes; installed ones are loaded "
@@ -296,29 +308,29 @@ void addCompletion(CLI::App& app) {
     const auto shell = std::make_shared<std::string>();
     tools::limitTo(completion->add_option("SHELL", *shell, "Shell to print it for")->required(),
                    tools::completionShells());
-    completion->callback([=] { tools::writeCompletionScript(*shell, std::cout); });
+    completion->callback([=, &data] { tools::writeCompletionScript(*shell, data); });
 
     // What the scripts ask; the words of a half typed line are nothing to parse.
     CLI::App* answer = app.add_subcommand("complete", "Answer a script of 'completion'");
     answer->group("")->set_help_flag();
     answer->prefix_command();
-    answer->callback([&app, answer] {
-        tools::answerCompletion(app, loadLibrary, answer->remaining(), std::cout);
+    answer->callback([&app, &data, answer] {
+        tools::answerCompletion(app, loadLibrary, answer->remaining(), data);
     });
 }
 
-void addManual(CLI::App& app) {
+void addManual(CLI::App& app, std::ostream& data) {
     CLI::App* manual =
         app.add_subcommand("manual", "Print the manual page, to read with 'man -l -'");
-    manual->callback([&app] { tools::writeManual(app, loadLibrary(), std::cout); });
+    manual->callback([&app, &data] { tools::writeManual(app, loadLibrary(), data); });
 }
 
 int fail(const std::exception& error, int status) {
-    std::fprintf(stderr, "brushworks: %s\n", error.what());
+    tools::say(error.what());
     return status;
 }
 
-int run(int count, char** arguments) {
+int run(int count, char** arguments, std::ostream& data) {
     CLI::App app("Twelve painterly effects for pictures and videos", "brushworks");
     app.set_version_flag("--version", BRUSHWORKS_VERSION);
     app.require_subcommand(1);
@@ -326,19 +338,20 @@ int run(int count, char** arguments) {
         return std::string("brushworks: ") + error.what() + "; --help tells more\n";
     });
     addList(app);
-    addInfo(app);
+    addInfo(app, data);
     addPaint(app);
-    addPreset(app);
+    addPreset(app, data);
     addGallery(app);
     addCodecs(app);
-    addGpu(app);
-    addCompletion(app);
-    addManual(app);
+    addGpu(app, data);
+    addCompletion(app, data);
+    addManual(app, data);
     try {
         app.parse(count, arguments);
         // A full disk behind a pipe or a redirection is a failure like any other.
         std::cout.flush();
-        return std::cout ? 0 : fail(std::runtime_error("cannot write the output"), kFailed);
+        data.flush();
+        return std::cout && data ? 0 : fail(std::runtime_error("cannot write the output"), kFailed);
     } catch (const CLI::ParseError& error) {
         const std::string unknown = error.get_exit_code() != 0 ? tools::unknownWord(app) : "";
         if (!unknown.empty()) return fail(host::UsageError(unknown), kWrongUsage);
@@ -355,8 +368,11 @@ int run(int count, char** arguments) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    std::ostream data(std::cout.rdbuf());
+    const tools::PrintableOutput out(std::cout);
+    const tools::PrintableOutput talk(std::cerr);
     try {
-        return run(count, arguments);
+        return run(count, arguments, data);
     } catch (const std::exception& error) {
         return fail(error, kFailed);
     }

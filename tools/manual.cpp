@@ -13,10 +13,14 @@ constexpr std::string_view kDescription = R"(.SH DESCRIPTION
 paints pictures and videos with the effects of the Brushworks library.
 A video keeps its sound, its times and what else the type of the output has room for; its frames
 render on all cores.
+As many run as fit into half of the memory that is free; a frame that does not fit is refused, and
+.B \-\-memory
+allows more or less.
 An output appears only when it is whole, and an existing one is only replaced with
 .BR \-\-force ;
 a file that is read is never written.
-Results go to standard output, everything else that is said to standard error.
+Results go to standard output, everything else that is said to standard error; control characters in
+names and values are shown by their codes, such as \\x1b.
 )";
 
 constexpr std::string_view kValues = R"(.SH VALUES

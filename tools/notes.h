@@ -1,17 +1,25 @@
-// Remarks for the user that are no errors.
+// What is said to the user on standard error.
 #pragma once
 
-#include <cstdio>
+#include <iostream>
 #include <string>
+#include <string_view>
+
+#include "host/printable.h"
 
 namespace brushworks::tools {
 
-/// Writes to standard error, or nothing when the user wants quiet.
+/// Says one line, whatever names stand in it, at once.
+inline void say(std::string_view text) {
+    std::cerr << "brushworks: " + host::printable(text) + '\n';
+}
+
+/// Remarks that are no errors; nothing when the user wants quiet.
 class Notes {
   public:
     explicit Notes(bool quiet) : m_bQuiet(quiet) {}
     void operator()(const std::string& text) const {
-        if (!m_bQuiet) std::fprintf(stderr, "brushworks: note: %s\n", text.c_str());
+        if (!m_bQuiet) say("note: " + text);
     }
 
   private:

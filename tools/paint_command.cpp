@@ -24,7 +24,7 @@ namespace {
 bool isPictures(const PaintTask& task) {
     if (!task.format().picture) return false;
     if (!task.names || task.sequence) return true;
-    return task.input != "-" && media::Reader(task.input).isPicture();
+    return task.input != "-" && media::Reader::isPictureFile(task.input);
 }
 
 /// A folder that goes again when nothing came into it.

@@ -19,6 +19,7 @@ struct PaintOptions {
     EffectChoice choice;
     media::EncodingChoice encoding;
     int jobs = 0;             ///< frames rendered at once, 0 for as many as there are cores
+    std::string memory;       ///< what memoryLimit() takes, or ""
     std::int32_t seed = 0;    ///< of random strokes
     int hold = 0;             ///< frames before the strokes change; 0: they never do
     std::string scale;        ///< what Scaling::parse takes, or ""

@@ -29,16 +29,40 @@ struct PaintedPicture {
 
 using Pool = OrderedPool<PictureTask, PaintedPicture>;
 
+/// What painting a picture takes, by what the head of its file tells.
+std::int64_t memoryFor(const media::Reader& reader, const std::string& input,
+                       const PlanWishes& wishes, const PaintRun& run) {
+    const AVCodecParameters& video = *reader.video().codecpar;
+    const Size size = {video.width, video.height};
+    // Where it tells nothing, all that there is.
+    if (size.width <= 0 || size.height <= 0 || video.format < 0) return run.memory();
+    const auto format = static_cast<AVPixelFormat>(video.format);
+    std::int64_t needed = 0;
+    Size largest = size;
+    // Whether it is to be turned is seen later.
+    for (const Size& upright : {size, Size{size.height, size.width}}) {
+        const Size painted = wishes.scaling.sizeFor(upright, /*even=*/false);
+        needed = std::max(needed, pictureMemory(size, format, painted));
+        largest = larger(largest, painted);
+    }
+    checkFits(input, largest, needed + kProgramMemory, run.memory(), run.scaled());
+    return needed;
+}
+
 /// What a picture is painted with and into.
 struct Prepared {
     media::Reader reader;
+    MemoryGate::Share share;
     media::FramePtr frame;
     const media::OutputFormat& format;
     PaintPlan plan;
 
-    Prepared(const PictureTask& picture, const PlanWishes& wishes, const PaintOptions& options,
+    Prepared(PaintRun& run, const PictureTask& picture, const PlanWishes& wishes,
              const ChosenEffect& chosen)
-        : reader(picture.input), format(media::outputFormatOf(picture.output)) {
+        : reader(run.openPicture(picture.input)),
+          share(run.gate().take(memoryFor(reader, picture.input, wishes, run))),
+          format(media::outputFormatOf(picture.output)) {
+        const PaintOptions& options = run.options();
         if (!reader.isPicture()) {
             throw media::MediaUsageError(
                 picture.input + " is a video; its output must end in one of " +
@@ -68,14 +92,14 @@ double framesPerSecond(const PaintOptions& options) {
     return av_q2d(wishesOf(options, kUsualRate).part.rate);
 }
 
+/// Runs on any thread.
 PaintedPicture paintPicture(const PictureTask& picture, const PlanWishes& wishes,
-                            const PaintOptions& options, const ChosenEffect& chosen,
-                            RendererChoice& renderers) {
-    Prepared prepared(picture, wishes, options, chosen);
+                            const ChosenEffect& chosen, PaintRun& run) {
+    Prepared prepared(run, picture, wishes, chosen);
     const PaintSettings& settings = prepared.plan.paint;
     FramePainter painter(chosen.effect.clone(), settings,
-                         renderers.rendererFor(chosen.effect, settings.recordedWidth,
-                                               settings.recordedHeight, prepared.plan.notes));
+                         run.renderers().rendererFor(chosen.effect, settings.recordedWidth,
+                                                     settings.recordedHeight, prepared.plan.notes));
     const media::FramePtr painted =
         painter.paint({picture.number, picture.seconds, std::move(prepared.frame)});
     return {picture.output, media::pictureBytes(*painted, prepared.format, prepared.plan.video),
@@ -118,10 +142,10 @@ void paintPictures(PaintRun& run, const std::vector<PictureTask>& pictures) {
         for (const PictureTask& picture : pictures) {
             // The pictures of a sequence are alike.
             if (std::exchange(told, picture.task) == picture.task) continue;
-            const Prepared prepared(picture, wishes, options, chosen);
+            const Prepared prepared(run, picture, wishes, chosen);
             run.tell(prepared.plan.notes);
             dryRun(*picture.task, prepared.reader, *prepared.frame, chosen, prepared.format,
-                   prepared.plan, run.out());
+                   prepared.plan, kProgramMemory + prepared.share.bytes(), run.out());
         }
         return;
     }
@@ -130,12 +154,16 @@ void paintPictures(PaintRun& run, const std::vector<PictureTask>& pictures) {
     const std::size_t jobs = std::min(static_cast<std::size_t>(jobCount(options.jobs)),
                                       std::max<std::size_t>(left.size(), 1));
     const Pool::Worker work = [&](const PictureTask& picture) {
-        return paintPicture(picture, wishes, options, chosen, run.renderers());
+        return paintPicture(picture, wishes, chosen, run);
     };
     Pool pool(std::vector<Pool::Worker>(jobs, work), jobs * 2);
     const auto finishOne = [&] {
         const PaintedPicture picture = pool.take();
         run.tell(picture.notes);
+        if (run.gate().hasWaited()) {
+            run.tell({"painting fewer pictures at once, as " + bytesText(run.memory()) +
+                      " may be used; --memory allows more"});
+        }
         run.writePicture(picture.output, picture.bytes);
     };
     for (const PictureTask& picture : left) {

@@ -38,6 +38,15 @@ void PaintRun::tell(const std::vector<std::string>& notes) {
     }
 }
 
+Scaled PaintRun::scaled() const {
+    return m_options.scale.empty() && !m_options.preview ? Scaled::No : Scaled::Yes;
+}
+
+media::Reader PaintRun::openPicture(const std::string& path) {
+    const std::lock_guard lock(m_opening);
+    return media::Reader(path, decodingLimit());
+}
+
 void PaintRun::begin(std::int64_t frames) {
     if (m_progress) return;
     ProgressStyle style = progressStyle(m_options.progress, m_options.quiet);

@@ -1,14 +1,19 @@
 // What all tasks of one run of the command share.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <mutex>
 #include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
 
+#include "frame_memory.h"
 #include "host/library.h"
 #include "input_files.h"
+#include "memory_gate.h"
+#include "memory_limit.h"
 #include "notes.h"
 #include "paint_command.h"
 #include "paint_plan.h"
@@ -29,12 +34,24 @@ class PaintRun {
           m_out(out),
           m_note(options.quiet),
           m_bSingle(single),
+          m_nMemory(memoryLimit(options.memory, freeMemory())),
+          m_gate(std::max<std::int64_t>(m_nMemory - kProgramMemory, 0)),
           m_renderers(options.gpu) {}
 
     const host::Library& library() const { return m_library; }
     const PaintOptions& options() const { return m_options; }
     /// On what frames render. [any thread]
     RendererChoice& renderers() { return m_renderers; }
+    /// How much memory may be used, in bytes.
+    std::int64_t memory() const { return m_nMemory; }
+    /// The same, but for the program, as workers share it. [any thread]
+    MemoryGate& gate() { return m_gate; }
+    Scaled scaled() const;
+    /// What may be decoded. [any thread]
+    media::FrameLimit decodingLimit() const { return tools::decodingLimit(m_nMemory, scaled()); }
+    /// Opens a picture of its own. Some decoders decode all of it to learn its size, so that one is
+    /// opened at a time. [any thread]
+    media::Reader openPicture(const std::string& path);
     /// Where a dry run tells.
     std::ostream& out() const { return m_out; }
 
@@ -64,6 +81,9 @@ class PaintRun {
     std::ostream& m_out;
     const Notes m_note;
     const bool m_bSingle;
+    const std::int64_t m_nMemory;
+    MemoryGate m_gate;
+    std::mutex m_opening;
     RendererChoice m_renderers;
     std::optional<Progress> m_progress;
     std::vector<std::string> m_told;

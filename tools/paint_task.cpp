@@ -29,7 +29,7 @@ std::string nameIn(const std::string& folder, const PaintTask& task) {
     fs::path name = fs::path(task.input).filename();
     if (!isWritable(name)) {
         const std::string first = task.sequence ? task.sequence->at(0) : task.input;
-        const bool picture = task.sequence || media::Reader(first).isPicture();
+        const bool picture = task.sequence || media::Reader::isPictureFile(first);
         name.replace_extension(picture ? kUsualPicture : kUsualVideo);
     }
     return (fs::path(folder) / name).string();

@@ -53,10 +53,11 @@ void checkKinds(const PaintTask& task, const media::Reader& reader) {
 }
 
 /// The frame where the range begins, null where there is none. The reader has given frame 0.
-media::FramePtr frameAt(Opened& opened, const std::string& input, std::int64_t number) {
+media::FramePtr frameAt(const PaintRun& run, Opened& opened, const std::string& input,
+                        std::int64_t number) {
     if (number == 0) return media::FramePtr(av_frame_clone(opened.first.get()));
     if (!opened.reader->skipTo(number)) {
-        opened.reader.emplace(input);
+        opened.reader.emplace(input, run.decodingLimit());
         for (std::int64_t i = 0; i < number; ++i) {
             if (!opened.reader->next()) return nullptr;
         }
@@ -64,22 +65,23 @@ media::FramePtr frameAt(Opened& opened, const std::string& input, std::int64_t n
     return opened.reader->next();
 }
 
-Opened open(const PaintTask& task) {
+Opened open(const PaintRun& run, const PaintTask& task) {
     Opened opened;
-    opened.reader.emplace(task.sequence ? task.sequence->at(0) : task.input);
+    opened.reader.emplace(task.sequence ? task.sequence->at(0) : task.input, run.decodingLimit());
     checkKinds(task, *opened.reader);
     opened.first = opened.reader->next();
     return opened;
 }
 
 /// The frames that are painted; `begin` is where, when part of them are there already.
-void startSource(Opened& opened, const PaintTask& task, Part part, std::int64_t begin) {
+void startSource(const PaintRun& run, Opened& opened, const PaintTask& task, Part part,
+                 std::int64_t begin) {
     if (task.sequence) {
         opened.source = std::make_unique<SequenceSource>(*task.sequence, part);
         return;
     }
     const std::int64_t start = opened.first->pts;
-    media::FramePtr frame = frameAt(opened, task.input, begin);
+    media::FramePtr frame = frameAt(run, opened, task.input, begin);
     if (!frame && begin == part.range.first) failBehindEnd(task, begin);
     part.range.first = begin;
     opened.source = std::make_unique<VideoSource>(*opened.reader, std::move(frame), start, part);
@@ -94,25 +96,27 @@ PaintPlan planned(const PaintRun& run, const Opened& opened, const media::Output
     return plan;
 }
 
+/// As many at once as there is memory for.
+Parallel parallelOf(PaintRun& run, const FrameMemory& memory) {
+    const auto asked = static_cast<std::size_t>(jobCount(run.options().jobs));
+    const Parallel parallel = parallelWithin(memory, run.memory(), asked);
+    if (parallel.jobs < asked) run.tell({fewerJobs(parallel.jobs, asked, run.memory())});
+    return parallel;
+}
+
 std::vector<std::shared_ptr<FramePainter>> makePainters(PaintRun& run, const ChosenEffect& chosen,
-                                                        const PaintPlan& plan) {
+                                                        const PaintPlan& plan, std::size_t jobs) {
     std::vector<std::string> notes;
     const auto renderer = run.renderers().rendererFor(chosen.effect, plan.paint.recordedWidth,
                                                       plan.paint.recordedHeight, notes);
     run.tell(notes);
     std::vector<std::shared_ptr<FramePainter>> painters;
-    const int jobs = jobCount(run.options().jobs);
-    painters.reserve(static_cast<std::size_t>(jobs));
-    for (int i = 0; i < jobs; ++i) {
+    painters.reserve(jobs);
+    for (std::size_t i = 0; i < jobs; ++i) {
         painters.push_back(
             std::make_shared<FramePainter>(chosen.effect.clone(), plan.paint, renderer));
     }
     return painters;
-}
-
-/// Twice the workers: while one is waited for, the others have something to do.
-std::size_t roomFor(std::size_t workers) {
-    return workers * 2;
 }
 
 /// Runs all frames through the pool, in order, with the copied packets beside them.
@@ -130,35 +134,33 @@ void paintInto(media::Writer& writer, PaintRun& run, FrameSource& source,
 }
 
 void writeVideo(PaintRun& run, const PaintTask& task, FrameSource& source,
-                const ChosenEffect& chosen, const PaintPlan& plan) {
+                const ChosenEffect& chosen, const PaintPlan& plan, Parallel parallel) {
     std::optional<OutputFile> file;  // a pipe needs none
     if (task.output != "-") file.emplace(task.output, run.options().force, run.inputs());
     media::Writer writer(file ? file->temporaryPath() : task.output, task.format(), plan.video,
                          plan.companions);
     std::vector<Pool<media::FramePtr>::Worker> workers;
-    for (const auto& painter : makePainters(run, chosen, plan)) {
+    for (const auto& painter : makePainters(run, chosen, plan, parallel.jobs)) {
         workers.emplace_back(
             [painter](NumberedFrame frame) { return painter->paint(std::move(frame)); });
     }
-    const std::size_t room = roomFor(workers.size());
-    Pool<media::FramePtr> pool(std::move(workers), room);
+    Pool<media::FramePtr> pool(std::move(workers), parallel.room);
     paintInto(writer, run, source, pool);
     writer.finish();
     if (file) file->commit();
 }
 
 void writePictures(PaintRun& run, const PaintTask& task, FrameSource& source,
-                   const ChosenEffect& chosen, const PaintPlan& plan) {
+                   const ChosenEffect& chosen, const PaintPlan& plan, Parallel parallel) {
     std::vector<Pool<PaintedPicture>::Worker> workers;
-    for (const auto& painter : makePainters(run, chosen, plan)) {
+    for (const auto& painter : makePainters(run, chosen, plan, parallel.jobs)) {
         workers.emplace_back([&task, &plan, painter](NumberedFrame frame) {
             const std::string output = task.pictureName(frame.number);
             const media::FramePtr painted = painter->paint(std::move(frame));
             return PaintedPicture{output, media::pictureBytes(*painted, task.format(), plan.video)};
         });
     }
-    const std::size_t room = roomFor(workers.size());
-    Pool<PaintedPicture> pool(std::move(workers), room);
+    Pool<PaintedPicture> pool(std::move(workers), parallel.room);
     const auto finishOne = [&] {
         const PaintedPicture picture = pool.take();
         run.writePicture(picture.output, picture.bytes);
@@ -202,24 +204,33 @@ void paintVideo(PaintRun& run, const PaintTask& task) {
     const media::OutputFormat& format = task.format();
     const PlanWishes wishes =
         wishesOf(run.options(), task.sequence ? kUsualRate : AVRational{0, 1});
-    Opened opened = open(task);
+    Opened opened = open(run, task);
     if (task.names) checkPictures(run, task, *opened.reader, wishes.part);
     const double rate =
         wishes.part.rate.num > 0 ? av_q2d(wishes.part.rate) : framesPerSecond(*opened.reader);
     const ChosenEffect chosen = chooseEffect(run.library(), run.options().choice, rate);
     if (!run.options().dryRun) {
-        startSource(opened, task, wishes.part, firstLeft(run, task, wishes.part.range));
+        startSource(run, opened, task, wishes.part, firstLeft(run, task, wishes.part.range));
     }
     const PaintPlan plan = planned(run, opened, format, wishes, chosen);
     run.tell(plan.notes);
+    const AVFrame& first = *opened.first;
+    const FrameMemory memory =
+        videoMemory(plan, *opened.reader, first,
+                    task.sequence ? task.sequence->count : opened.reader->expectedFrames());
+    const Size painted = {plan.paint.recordedWidth, plan.paint.recordedHeight};
+    checkFits(task.input, larger({first.width, first.height}, painted), memory.with({}),
+              run.memory(), run.scaled());
+    const Parallel parallel = parallelOf(run, memory);
     if (run.options().dryRun) {
-        return dryRun(task, *opened.reader, *opened.first, chosen, format, plan, run.out());
+        return dryRun(task, *opened.reader, first, chosen, format, plan, memory.with(parallel),
+                      run.out());
     }
     run.begin(opened.source->expectedFrames());
     if (task.names) {
-        writePictures(run, task, *opened.source, chosen, plan);
+        writePictures(run, task, *opened.source, chosen, plan, parallel);
     } else {
-        writeVideo(run, task, *opened.source, chosen, plan);
+        writeVideo(run, task, *opened.source, chosen, plan, parallel);
     }
 }
 

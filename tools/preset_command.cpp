@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "host/error.h"
-#include "host/names.h"
 #include "host/preset_file.h"
+#include "host/printable.h"
 #include "host/value_text.h"
 #include "notes.h"
 #include "output_file.h"
@@ -72,10 +72,10 @@ Shown asStored(const CEffectPreset& record) {
 
 void describe(const Shown& shown, const std::string& library, std::ostream& out) {
     const host::EffectInfo& effect = shown.effect;
-    out << "Preset   " << host::printableName(shown.preset.name) << '\n'
-        << "Effect   " << host::printableName(effect.name);
+    out << "Preset   " << host::printable(shown.preset.name) << '\n'
+        << "Effect   " << host::printable(effect.name);
     if (!effect.id.empty()) out << " (" << effect.id << ')';
-    out << "\nLibrary  " << host::printableName(library) << "\n\n"
+    out << "\nLibrary  " << host::printable(library) << "\n\n"
         << (effect.id.empty() ? "Parameters: place, type, stored value\n"
                               : "Parameters: name, type, value\n");
     writeParameterTable(effect.parameters, out, [&](const host::ParameterInfo& parameter) {

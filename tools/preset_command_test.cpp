@@ -116,7 +116,7 @@ TEST_F(PresetCommand, ShowsTheStoredValuesOfWhatItDoesNotKnow) {
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.err, HasSubstr("no such effect here"));
     EXPECT_THAT(result.out,
-                AllOf(HasSubstr("Preset   ?1m\nEffect   Sketch\nLibrary  Other\n"),
+                AllOf(HasSubstr("Preset   \\u009b1m\nEffect   Sketch\nLibrary  Other\n"),
                       HasSubstr("  2  slider     0.25\n"),
                       HasSubstr("  4  point      0.5,1.0000000150474662e+30\n"),
                       HasSubstr("  5  list       -3\n"), HasSubstr("  6  colour     #ff0000\n"),
@@ -187,7 +187,8 @@ TEST_F(PresetCommand, SavesWithoutATraceWhereItFails) {
     expectFailure({"oil", "-o", "a", "-s", "Blend=101"}, 2, "a number from");
     expectFailure({"oil", "-o", "a", "-s", "Blend"}, 2, "NAME=VALUE");
     expectFailure({"oil", "-o", "a", "-s", "Blend=1@0s,2@1s"}, 2, "a value without @TIME");
-    expectFailure({"oil", "-o", "a", "--name", "\x1B[2J"}, 2, "the name of the preset, \"?[2J\"");
+    expectFailure({"oil", "-o", "a", "--name", "\x1B[2J"}, 2,
+                  "the name of the preset, \"\\x1b[2J\"");
     expectFailure({"oil", "-o", "kept.fxpbwkh", "-f", "--name", std::string(260, 'x')}, 2,
                   "at most 259 bytes");
     EXPECT_EQ(files(), before);

@@ -8,11 +8,12 @@
 #include <string_view>
 
 #include "host/error.h"
+#include "media/frame_limit.h"
 
 namespace brushworks::tools {
 namespace {
 
-constexpr int kMostPixels = 16384;  ///< of a side
+constexpr int kMostPixels = 16384;  ///< of a side that is written
 constexpr double kMostPercent = 10000;
 constexpr double kWhole = 100;  ///< percent
 
@@ -32,9 +33,15 @@ std::optional<Number> parseAll(std::string_view text, Number most) {
 }
 
 int rounded(double length, bool even) {
+    constexpr double kMost = 1e9;
     const double step = even ? 2 : 1;
-    const double whole = std::round(length / step) * step;
-    return static_cast<int>(std::clamp(whole, step, double{kMostPixels}));
+    return static_cast<int>(std::clamp(std::round(length / step) * step, step, kMost));
+}
+
+/// The size, where frames may have it.
+Size possible(Size size) {
+    if (media::isPossibleSize(size.width, size.height)) return size;
+    throw host::UsageError("--scale: " + media::tooLargeText(size.width, size.height));
 }
 
 }  // namespace
@@ -64,6 +71,7 @@ Scaling Scaling::parse(const std::string& text) {
     scaling.m_nWidth = width.value_or(0);
     scaling.m_nHeight = height.value_or(0);
     scaling.m_way = fit ? Way::Fit : whole ? Way::Exact : width ? Way::Width : Way::Height;
+    if (scaling.m_way == Way::Exact) possible({scaling.m_nWidth, scaling.m_nHeight});
     return scaling;
 }
 
@@ -86,11 +94,11 @@ Size Scaling::sizeFor(Size size, bool even) const {
         case Way::Exact:
             return {m_nWidth, m_nHeight};
         case Way::Width:
-            return {m_nWidth, times(across).height};
+            return possible({m_nWidth, times(across).height});
         case Way::Height:
-            return {times(down).width, m_nHeight};
+            return possible({times(down).width, m_nHeight});
         case Way::Percent:
-            return times(m_dPercent / kWhole);
+            return possible(times(m_dPercent / kWhole));
         case Way::Fit:
             return times(std::min({1.0, across, down}));
         case Way::None:

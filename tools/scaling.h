@@ -18,12 +18,13 @@ class Scaling {
     Scaling() = default;
 
     /// "W:H"; "W:" or ":H", where the other side follows; "N%"; "fit:W:H", which reduces what is
-    /// larger than that box. Throws host::UsageError.
+    /// larger than that box. Throws host::UsageError, also for a size that no frame can have.
     static Scaling parse(const std::string& text);
     /// Reduces what has more lines.
     static Scaling atMostLines(int lines);
 
-    /// The new size. With `even` the sides that it works out are even, as video has them.
+    /// The new size. With `even` the sides that it works out are even, as video has them. Throws
+    /// host::UsageError when no frame can have it.
     Size sizeFor(Size size, bool even) const;
     /// Whether pictures keep their shape, but for rounding.
     bool keepsShape() const { return m_way != Way::Exact; }

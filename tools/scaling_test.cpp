@@ -23,9 +23,17 @@ TEST(Scaling, FollowsTheWrittenSize) {
     // What fits stays, whatever its sides.
     EXPECT_EQ(scaled("fit:1919:2000", full, true), full);
     EXPECT_EQ(Scaling::atMostLines(480).sizeFor({300, 479}, true), (Size{300, 479}));
-    // No side is lost, and none grows beyond all bounds.
-    EXPECT_EQ(scaled("1%", {16000, 3}), (Size{160, 1}));
-    EXPECT_EQ(scaled("16384:", {1, 16384}), (Size{16384, 16384}));
+    EXPECT_EQ(scaled("1%", {16000, 3}), (Size{160, 1})) << "no side is lost";
+    EXPECT_EQ(scaled("16384:16128", full), (Size{16384, 16128})) << "the largest of its width";
+}
+
+TEST(Scaling, RefusesSizesThatNoFrameCanHave) {
+    for (const char* text : {"16384:16129", "16384:16384"}) {
+        EXPECT_THROW(Scaling::parse(text), host::UsageError) << text;
+    }
+    for (const char* text : {"16384:", "10000%"}) {
+        EXPECT_THROW(Scaling::parse(text).sizeFor({300, 16384}, true), host::UsageError) << text;
+    }
 }
 
 TEST(Scaling, RefusesTheRest) {

@@ -39,8 +39,8 @@ Size reduced(Size full, AVRational aspect, int maxWidth) {
 
 }  // namespace
 
-StillPicture readStill(const std::string& path, int maxWidth) {
-    media::Reader reader(path);
+StillPicture readStill(const std::string& path, int maxWidth, const media::FrameLimit& limit) {
+    media::Reader reader(path, limit);
     const media::FramePtr recorded = reader.next();
     const media::Orientation orientation = reader.orientation(*recorded);
     AVRational aspect = reader.sampleAspect(*recorded);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "media/av.h"
+#include "media/frame_limit.h"
 
 namespace brushworks::tools {
 
@@ -17,7 +18,7 @@ struct StillPicture {
 };
 
 /// Reads a file and reduces what is wider than `maxWidth`. Throws media::MediaError.
-StillPicture readStill(const std::string& path, int maxWidth);
+StillPicture readStill(const std::string& path, int maxWidth, const media::FrameLimit& limit = {});
 
 /// Whether any pixel of a frame of media::bgraRaster can be seen through.
 bool isTransparent(const AVFrame& bgra);

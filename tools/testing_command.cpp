@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -62,12 +63,16 @@ pid_t CommandTest::start(const std::vector<std::string>& arguments, const std::s
 
 Result CommandTest::wait(pid_t process) const {
     int status = 0;
-    waitpid(process, &status, 0);
+    rusage usage = {};
+    wait4(process, &status, 0, &usage);
     Result result;
+    result.peakBytes = std::int64_t{usage.ru_maxrss} * 1024;
     if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
     if (WIFSIGNALED(status)) result.signal = WTERMSIG(status);
     result.out = readFile(path(kOut));
     result.err = readFile(path(kErr));
+    // Sanitizers end a process with 1 as well, so that its status hides their reports.
+    EXPECT_EQ(result.err.find("Sanitizer: "), std::string::npos) << result.err;
     return result;
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/types.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -17,6 +18,7 @@ struct Result {
     int signal = 0;   ///< that ended it, or 0
     std::string out;
     std::string err;
+    std::int64_t peakBytes = 0;  ///< of memory
 };
 
 /// A test in a fresh folder, which is the current one of all runs.

@@ -201,6 +201,19 @@ TEST(Frei0r, AnotherPictureHasAnotherSeed) {
     EXPECT_EQ(seeds.size(), 201U);
 }
 
+TEST(Frei0r, WarnsInShortLinesOfText) {
+    const Loaded oil("oil");
+    const std::string wrong = "\x1B[2J\n\x9B" + std::string(100000, 'x');
+    ::testing::internal::CaptureStderr();
+    Painter(oil, 8, 8).set("Preset", wrong.c_str());
+    const std::string warning = ::testing::internal::GetCapturedStderr();
+    EXPECT_LT(warning.size(), 700U);
+    EXPECT_THAT(warning,
+                ::testing::StartsWith("brushworks_oil: oil has no preset \"\\x1b[2J\\x0a\\x9bxxx"));
+    EXPECT_THAT(warning, ::testing::EndsWith("\n"));
+    EXPECT_EQ(std::count_if(warning.begin(), warning.end(), [](char c) { return c < ' '; }), 1);
+}
+
 TEST(Frei0r, RefusesWhatCannotBe) {
     const Loaded oil("oil");
     const Painter none(oil, 8, 0);

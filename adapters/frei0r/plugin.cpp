@@ -8,7 +8,7 @@
 
 #include "host/error.h"
 #include "host/library.h"
-#include "host/names.h"
+#include "host/printable.h"
 
 namespace brushworks::frei0r {
 namespace {
@@ -61,13 +61,15 @@ std::unique_ptr<Instance> Plugin::construct(unsigned int width, unsigned int hei
 void warnOnce(std::string_view effectId, std::string_view message) noexcept {
     // Hosts set the values of a clip anew with each frame, and in as many instances as they like.
     constexpr std::size_t kMostMessages = 64;
+    // What is wrong stands at the beginning of a message, the way out at its end.
+    constexpr std::size_t kMostBytes = 600;
     static std::mutex mutex;
     static std::set<std::string, std::less<>> told;
     try {
         const std::lock_guard lock(mutex);
-        if (told.size() >= kMostMessages || !told.emplace(message).second) return;
-        std::fprintf(stderr, "%s: %s\n", pluginFileName(effectId).c_str(),
-                     host::printableName(message).c_str());
+        const std::string text = host::shortened(host::printable(message), kMostBytes);
+        if (told.size() >= kMostMessages || !told.insert(text).second) return;
+        std::fprintf(stderr, "%s: %s\n", pluginFileName(effectId).c_str(), text.c_str());
     } catch (...) {  // a warning is not worth more trouble
         return;
     }

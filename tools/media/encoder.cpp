@@ -20,18 +20,27 @@ using enum QualityScale;
 constexpr char kX265[] = "preset=medium,x265-params=log-level=none";
 constexpr char kX265Lossless[] = "x265-params=log-level=none:lossless=1";
 
+constexpr char kVp9[] = "b=0,deadline=good,cpu-used=3,row-mt=1";
+constexpr char kAv1[] = "b=0,cpu-used=6,row-mt=1";
+
 constexpr EncoderRow kEncoders[] = {
-    {"libx264", "h264", {Crf, 48, 8, 70}, "qp=0", "preset=medium", kFields | kWholeChroma},
-    {"libx264rgb", "h264rgb", {Crf, 48, 8, 70}, "qp=0", "preset=medium"},
-    {"libx265", "hevc", {Crf, 50, 10, 70}, kX265Lossless, kX265, kWholeChroma},
-    {"libvpx-vp9", "vp9", {Crf, 58, 18, 70}, "lossless=1", "b=0,deadline=good,cpu-used=3,row-mt=1"},
-    {"libaom-av1", "av1", {Crf, 58, 18, 70}, "aom-params=lossless=1", "b=0,cpu-used=6,row-mt=1"},
-    {"prores_ks", "prores", {Quantizer, 32, 2, 80}, nullptr, "", kFields},
-    {"mpeg4", "mpeg4", {Quantizer, 31, 1, 93}, nullptr, "", kFields | kEvenTimes},
-    {"mpeg2video", "mpeg2", {Quantizer, 31, 1, 93}, nullptr, "", kFields | kEvenTimes},
+    {"libx264",
+     "h264",
+     {Crf, 48, 8, 70},
+     "qp=0",
+     "preset=medium",
+     kFields | kWholeChroma,
+     {115, 10}},
+    {"libx264rgb", "h264rgb", {Crf, 48, 8, 70}, "qp=0", "preset=medium", 0, {115, 10}},
+    {"libx265", "hevc", {Crf, 50, 10, 70}, kX265Lossless, kX265, kWholeChroma, {100, 5}},
+    {"libvpx-vp9", "vp9", {Crf, 58, 18, 70}, "lossless=1", kVp9, 0, {80}},
+    {"libaom-av1", "av1", {Crf, 58, 18, 70}, "aom-params=lossless=1", kAv1, 0, {120}},
+    {"prores_ks", "prores", {Quantizer, 32, 2, 80}, nullptr, "", kFields, {20}},
+    {"mpeg4", "mpeg4", {Quantizer, 31, 1, 93}, nullptr, "", kFields | kEvenTimes, {16}},
+    {"mpeg2video", "mpeg2", {Quantizer, 31, 1, 93}, nullptr, "", kFields | kEvenTimes, {16}},
     {"mjpeg", "jpeg", {Quantizer, 31, 1, 97}, nullptr},
     {"libwebp", "webp", {Percent, 0, 100, 100}, "lossless=1"},
-    {"ffv1", "ffv1", {}, "", "level=3", kFields},
+    {"ffv1", "ffv1", {}, "", "level=3", kFields, {100}},
     {"ffvhuff", "ffvhuff", {}, ""},
     {"huffyuv", "huffyuv", {}, ""},
     {"utvideo", "utvideo", {}, ""},
@@ -52,7 +61,8 @@ EncoderRow rowOf(const AVCodec& codec) {
     const AVCodecDescriptor* description = avcodec_descriptor_get(codec.id);
     const int kinds = description != nullptr ? description->props : 0;
     const bool always = (kinds & AV_CODEC_PROP_LOSSLESS) != 0 && (kinds & AV_CODEC_PROP_LOSSY) == 0;
-    return {codec.name, codec.name, {}, always ? "" : nullptr};
+    constexpr HeldFrames kUnknown = {100};
+    return {codec.name, codec.name, {}, always ? "" : nullptr, "", 0, kUnknown};
 }
 
 const char* encoderName(const std::string& asked) {

@@ -33,6 +33,13 @@ enum EncoderTraits : unsigned int {
     kWholeChroma = 4,  ///< has no half colour samples at the edges of odd sizes
 };
 
+/// How many frames' worth of memory an encoder takes, as measured: with the frames that it looks
+/// ahead, their copies and what it knows of them.
+struct HeldFrames {
+    int always = 4;
+    int aCore = 0;  ///< more for each core that it may use
+};
+
 /// A row of the table of encoders.
 struct EncoderRow {
     const char* name;    ///< of the encoder in FFmpeg
@@ -41,6 +48,7 @@ struct EncoderRow {
     const char* lossless = nullptr;  ///< options that make it so, "" where it always is, or null
     const char* options = "";        ///< that go with it always, as "name=value,name=value"
     unsigned int traits = 0;
+    HeldFrames held = {};
 
     bool has(EncoderTraits trait) const { return (traits & trait) != 0; }
 };

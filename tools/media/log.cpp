@@ -1,7 +1,10 @@
 // Receives FFmpeg's log from whatever thread it comes.
 #include "media/log.h"
 
+#include <algorithm>
 #include <cctype>
+#include <climits>
+#include <cstdio>
 #include <mutex>
 #include <utility>
 
@@ -17,6 +20,17 @@ struct Record {
 
 /// Readers of pictures run side by side, each on one thread.
 thread_local LoggedErrors t_counts;
+
+thread_local RefusedSize t_refused;
+
+/// Only the log tells it, for the decoder forgets it at once.
+void rememberSize(const char* line) {
+    unsigned int width = 0;
+    unsigned int height = 0;
+    if (std::sscanf(line, "Picture size %ux%u", &width, &height) != 2) return;
+    t_refused = {static_cast<int>(std::min<unsigned int>(width, INT_MAX)),
+                 static_cast<int>(std::min<unsigned int>(height, INT_MAX))};
+}
 
 Record& record() {
     static Record instance;
@@ -36,6 +50,7 @@ void receive(void* source, int level, const char* format, va_list arguments) {
     char line[512];
     int prefix = 0;
     av_log_format_line(nullptr, level, format, arguments, line, sizeof line, &prefix);
+    rememberSize(line);
     std::string text = line;
     text.erase(text.find_last_not_of(" \r\n.") + 1);
     const AVClassCategory category = categoryOf(source);
@@ -54,6 +69,10 @@ void captureLog() {
 
 LoggedErrors loggedErrors() {
     return t_counts;
+}
+
+RefusedSize takeRefusedSize() {
+    return std::exchange(t_refused, {});
 }
 
 std::string takeLastError() {

@@ -18,6 +18,14 @@ void captureLog();
 
 LoggedErrors loggedErrors();
 
+/// A size of frames, 0 by 0 for none.
+struct RefusedSize {
+    int width = 0;
+    int height = 0;
+};
+/// The last size that FFmpeg has refused on the thread that asks, which is then forgotten.
+RefusedSize takeRefusedSize();
+
 /// The last line of level error or worse, which is then forgotten; "" when there was none.
 std::string takeLastError();
 

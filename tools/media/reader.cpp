@@ -64,18 +64,21 @@ bool indexPassesEnd(AVStream* stream, std::int64_t fileSize) {
 
 }  // namespace
 
-Reader::Reader(const std::string& path)
-    : m_sPath(path == "-" ? "standard input" : path), m_bPipe(path == "-") {
+Reader::Reader(const std::string& path, FrameLimit limit)
+    : m_sPath(path == "-" ? "standard input" : path),
+      m_limit(std::move(limit)),
+      m_bPipe(path == "-") {
     const std::string failure = "cannot read " + m_sPath;
     openInput(path);
     AVFormatContext* input = m_pInput.get();
     m_bPicture = readsPictures(*input->iformat);
-    check(avformat_find_stream_info(input, nullptr), failure);
+    findStreams();
 
     const AVCodec* codec = nullptr;
     m_nVideo = av_find_best_stream(input, AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);
     const bool cover = m_nVideo >= 0 && (video().disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
     if (m_nVideo < 0 || cover) throw MediaError(failure + ": it has no picture and no video");
+    checkSize(video().codecpar->width, video().codecpar->height);
     skipOtherVideo();
     openDecoder(decoderOf(video(), codec));
     for (unsigned int i = 0; i < input->nb_streams && !m_bPipe; ++i) {
@@ -88,6 +91,13 @@ Reader::Reader(const std::string& path)
     if (anyStart && input->start_time != AV_NOPTS_VALUE) m_nShift = -input->start_time;
     // A look at the first frames may have met ones that lack their references.
     m_errorsAtStart.decoder = loggedErrors().decoder;
+}
+
+bool Reader::isPictureFile(const std::string& path) {
+    Reader reader;
+    reader.m_sPath = path;
+    reader.openInput(path);
+    return readsPictures(*reader.m_pInput->iformat);
 }
 
 void Reader::openInput(const std::string& path) {
@@ -108,11 +118,33 @@ void Reader::openInput(const std::string& path) {
     if (input == nullptr) throw std::bad_alloc();
     input->pb = m_pIo.get();
     takeLastError();
+    takeRefusedSize();
     m_errorsAtStart = loggedErrors();
     const AVInputFormat* format = m_bPipe ? av_find_input_format("yuv4mpegpipe") : nullptr;
-    check(avformat_open_input(&input, "", format, nullptr),
-          m_bPipe ? failure + " as YUV4MPEG2" : failure);
+    const int opened = avformat_open_input(&input, "", format, nullptr);
+    if (opened < 0) {
+        checkRefusedSize();
+        check(opened, m_bPipe ? failure + " as YUV4MPEG2" : failure);
+    }
     m_pInput.reset(input);
+}
+
+/// This decodes a first frame where the head of the file tells too little.
+void Reader::findStreams() {
+    const std::size_t count = m_pInput->nb_streams;
+    for (std::size_t i = 0; i < count; ++i) {
+        const AVCodecParameters& stream = *m_pInput->streams[i]->codecpar;
+        const bool cover = (m_pInput->streams[i]->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
+        if (stream.codec_type == AVMEDIA_TYPE_VIDEO && !cover) {
+            checkSize(stream.width, stream.height);
+        }
+    }
+    std::vector<AVDictionary*> options(count);
+    for (AVDictionary*& each : options) av_dict_set_int(&each, "max_pixels", m_limit.pixels, 0);
+    const int found = avformat_find_stream_info(m_pInput.get(), options.data());
+    for (AVDictionary* each : options) av_dict_free(&each);
+    takeRefusedSize();  // maybe a cover's; what matters is refused again
+    check(found, "cannot read " + m_sPath);
 }
 
 void Reader::skipOtherVideo() {
@@ -133,9 +165,36 @@ void Reader::openDecoder(const AVCodec* codec) {
     // that it does not know; its log tells of real damage.
     m_pDecoder->err_recognition = AV_EF_CRCCHECK | AV_EF_BITSTREAM | AV_EF_BUFFER;
     if (codec->id != AV_CODEC_ID_TIFF) m_pDecoder->err_recognition |= AV_EF_EXPLODE;
-    m_pDecoder->thread_count = m_bPicture ? 1 : 0;
+    m_pDecoder->max_pixels = m_limit.pixels;
+    m_pDecoder->thread_count = decoderThreads(*codec);
     if (!bearsFrameThreads(codec->id)) m_pDecoder->thread_type = FF_THREAD_SLICE;
     check(avcodec_open2(m_pDecoder.get(), codec, nullptr), "cannot decode " + m_sPath);
+}
+
+/// 0 for as many as FFmpeg finds right.
+int Reader::decoderThreads(const AVCodec& codec) const {
+    if (m_bPicture) return 1;
+    constexpr std::int64_t kBytesAPixel = 3;
+    constexpr std::int64_t kMostThreads = 16;
+    const AVCodecParameters& stream = *video().codecpar;
+    const std::int64_t frame =
+        std::max(std::int64_t{stream.width} * stream.height * kBytesAPixel, std::int64_t{1});
+    const std::int64_t threads = m_limit.bytesAhead / frame;
+    if (!bearsFrameThreads(codec.id) || threads >= kMostThreads) return 0;
+    return static_cast<int>(std::max(threads, std::int64_t{1}));
+}
+
+int Reader::decoderFrames() const {
+    constexpr int kOwn = 1;
+    constexpr int kModernReferences = 8;  // of VP9 and AV1
+    const AVCodecContext& decoder = *m_pDecoder;
+    const int threads =
+        (decoder.active_thread_type & FF_THREAD_FRAME) != 0 ? decoder.thread_count : 0;
+    const AVCodecDescriptor* codec = avcodec_descriptor_get(decoder.codec_id);
+    if (codec != nullptr && (codec->props & AV_CODEC_PROP_INTRA_ONLY) != 0) return kOwn + threads;
+    const bool modern = decoder.codec_id == AV_CODEC_ID_VP9 || decoder.codec_id == AV_CODEC_ID_AV1;
+    const int references = std::max(decoder.refs, modern ? kModernReferences : 1);
+    return kOwn + threads + references + decoder.has_b_frames;
 }
 
 FramePtr Reader::next() {
@@ -255,11 +314,22 @@ void Reader::fixTimes(AVFrame& frame) {
     m_nNextTime = frame.pts + step;
 }
 
-void Reader::failDamaged(const std::string& how) const {
-    // What decoders say of sizes whose bytes they cannot count.
-    if (how.find("image size") != std::string::npos) {
-        throw MediaError(m_sPath + " is too large; FFmpeg's libraries read about 16000x16000");
+void Reader::checkSize(int width, int height) const {
+    if (width <= 0 || height <= 0) return;  // not known yet
+    if (!isPossibleSize(width, height)) {
+        throw MediaError(m_sPath + ": " + tooLargeText(width, height));
     }
+    if (std::int64_t{width} * height <= m_limit.pixels) return;
+    throw MediaError(m_sPath + ": " + m_limit.refusal(width, height));
+}
+
+void Reader::checkRefusedSize() const {
+    const RefusedSize refused = takeRefusedSize();
+    checkSize(refused.width, refused.height);
+}
+
+void Reader::failDamaged(const std::string& how) const {
+    checkRefusedSize();
     throw MediaError(m_sPath + " is damaged or incomplete: " + how);
 }
 

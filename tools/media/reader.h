@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "media/av.h"
+#include "media/frame_limit.h"
 #include "media/log.h"
 #include "media/orientation.h"
 
@@ -18,10 +19,15 @@ namespace brushworks::media {
 /// One input file, or YUV4MPEG2 on standard input. [one thread at a time]
 class Reader {
   public:
-    /// Opens the file, or standard input for "-"; throws MediaError.
-    explicit Reader(const std::string& path);
+    /// Opens the file, or standard input for "-"; throws MediaError, also where its frames are
+    /// larger than FFmpeg's libraries or the limit allow: before any is decoded where the head of
+    /// the file tells the size, and else before there is memory for it.
+    explicit Reader(const std::string& path, FrameLimit limit = {});
 
-    /// One picture; otherwise a video.
+    /// Whether the file is one picture. Decodes nothing; throws MediaError when it is neither that
+    /// nor a video.
+    static bool isPictureFile(const std::string& path);
+    /// The same of this one.
     bool isPicture() const { return m_bPicture; }
 
     /// The next frame, with its time in timeBase(); null behind the last one. Throws MediaError
@@ -40,6 +46,9 @@ class Reader {
     /// The packets to be copied that have been read by the way, in their order, since the last
     /// call. Their stream_index is that of a stream of input().
     std::deque<PacketPtr> takePackets() { return std::exchange(m_packets, {}); }
+
+    /// How many frames the decoder holds at most beside the one that it gave, as far as is known.
+    int decoderFrames() const;
 
     /// The stream that next() decodes.
     const AVStream& video() const { return *m_pInput->streams[m_nVideo]; }
@@ -67,7 +76,10 @@ class Reader {
     std::int64_t expectedFrames() const;
 
   private:
+    Reader() = default;
     void openInput(const std::string& path);
+    void findStreams();
+    int decoderThreads(const AVCodec& codec) const;
     void openDecoder(const AVCodec* codec);
     void skipOtherVideo();
     void feedDecoder();
@@ -91,10 +103,14 @@ class Reader {
     void checkFrame(const AVFrame& frame) const;
     void checkReadToEnd() const;
     void fixTimes(AVFrame& frame);
+    void checkSize(int width, int height) const;
+    /// Throws when FFmpeg has refused the size of a frame.
+    void checkRefusedSize() const;
     [[noreturn]] void failDamaged(const std::string& how) const;
 
     std::string m_sPath;  ///< as messages name it
-    IoPtr m_pIo;          ///< outlives the input that reads through it
+    FrameLimit m_limit;
+    IoPtr m_pIo;  ///< outlives the input that reads through it
     InputPtr m_pInput;
     CodecPtr m_pDecoder;
     int m_nVideo = -1;

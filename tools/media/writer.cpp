@@ -13,6 +13,10 @@ bool isMov(const OutputFormat& format) {
     return std::string_view(format.muxer) == "mp4" || std::string_view(format.muxer) == "mov";
 }
 
+bool isGif(const AVFormatContext& output) {
+    return std::string_view(output.oformat->name) == "gif";
+}
+
 }  // namespace
 
 Writer::Writer(const std::string& path, const OutputFormat& format, const VideoSettings& settings,
@@ -33,6 +37,13 @@ Writer::Writer(const std::string& path, const OutputFormat& format, const VideoS
     addVideoStream(settings, companions);
     addCompanions(format, companions);
     writeHead(format, url, failure);
+}
+
+/// FFmpeg 5's muxer of GIF files lets go of its last packet with the trailer alone, also where
+/// nothing is whole.
+Writer::~Writer() {
+    const bool finished = m_pOutput->pb == nullptr;
+    if (!finished && isGif(*m_pOutput)) av_write_trailer(m_pOutput.get());
 }
 
 void Writer::addVideoStream(const VideoSettings& settings, const Companions& companions) {

@@ -27,6 +27,9 @@ class Writer {
     /// Opens the file at `path`, or standard output for "-", and writes its head.
     Writer(const std::string& path, const OutputFormat& format, const VideoSettings& settings,
            const Companions& companions = {});
+    ~Writer();
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
 
     /// Adds a frame of the settings' raster; its times grow from frame to frame.
     void writeFrame(AVFrame& frame);
