@@ -67,20 +67,21 @@ TEST_F(PaintMemory, IsNoMoreThanADryRunTells) {
     }
 }
 
-/// A file of 16000x16000 that ends behind its head.
-std::string headOfGif() {
+/// Files of 16000x16000 with next to nothing between head and end.
+std::string largeGif() {
     return std::string("GIF89a\x80\x3E\x80\x3E\x80\0\0", 13) + std::string(6, '\0') +
-           std::string(",\0\0\0\0\x80\x3E\x80\x3E\0\x02\x02\x4C\x01\0", 15);
+           std::string(",\0\0\0\0\x80\x3E\x80\x3E\0\x02\x02\x4C\x01\0;", 16);
 }
-std::string headOfPng() {
+std::string largePng() {
     return std::string("\x89PNG\r\n\x1A\n", 8) +
            std::string("\0\0\0\x0DIHDR\0\0\x3E\x80\0\0\x3E\x80\x08\x02\0\0\0\xCE\x1C\x48\x89", 25) +
-           std::string("\0\0\0\x08IDAT\x78\x9C\x03\0\0\0\0\x01\x48\x06\x89\xD2", 20);
+           std::string("\0\0\0\x08IDAT\x78\x9C\x03\0\0\0\0\x01\x48\x06\x89\xD2", 20) +
+           std::string("\0\0\0\0IEND\xAE\x42\x60\x82", 12);
 }
 
 TEST_F(PaintMemory, RefusesLargeFramesBeforeTheyAreDecoded) {
-    writeFile(path("large.gif"), headOfGif());
-    writeFile(path("large.png"), headOfPng());
+    writeFile(path("large.gif"), largeGif());
+    writeFile(path("large.png"), largePng());
     for (const char* name : {"large.gif", "large.png"}) {
         const Result result = paint(name, "out.png", {"--memory", "2G"});
         EXPECT_EQ(result.status, 1);
