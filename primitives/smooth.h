@@ -28,7 +28,7 @@ struct SmoothWeights {
 
 // Each sample by itself becomes tone[sum of weight * p / (unit + sum of weights)], rounded down.
 // Taps outside the image repeat its edge. The destination is another image than the source. Weights
-// outside their domain give -5.
+// outside their domain give -5; without work memory the status is -9.
 
 int SmoothRows_8u_C1R(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
                       IppiSize size, const SmoothWeights* weights);

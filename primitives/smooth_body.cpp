@@ -2,6 +2,7 @@
 // smoothed stands in two headers, of which the weights pick one; here is where the blocks lie.
 #include "primitives/smooth.h"
 
+#include "primitives/scratch.h"
 #include "primitives/smooth_fine.h"
 #include "primitives/smooth_steps.h"
 
@@ -54,8 +55,8 @@ void CopyWidened(const std::uint8_t* row, int width, int first, int count, std::
 }
 
 template <int Channels, class Smoother>
-void SmoothRows(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, IppiSize size,
-                const Smoother& smoother, const SmoothWeights& weights) {
+int SmoothRows(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, IppiSize size,
+               const Smoother& smoother, const SmoothWeights& weights) {
     constexpr int kPixel = kSamples<Channels>, kLine = kRun + 2 * kLargestSmoothRadius + 1;
     std::uint8_t widened[kLine * Channels], packed[kLine * kPixel] = {};
     typename Smoother::Item line[kLine * kPixel + kVectorBytes] = {};
@@ -75,17 +76,21 @@ void SmoothRows(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dst
                           weights.tone);
         }
     }
+    return kStatusOk;
 }
 
 /// Strips of columns, a block wide, go through a buffer of their own: there the taps of a sample
 /// lie close together however long the rows are.
 template <int Channels, class Smoother>
-void SmoothColumns(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
-                   IppiSize size, const Smoother& smoother, const SmoothWeights& weights) {
+int SmoothColumns(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep,
+                  IppiSize size, const Smoother& smoother, const SmoothWeights& weights) {
+    using Item = typename Smoother::Item;
     constexpr int kBlock = Smoother::kBlock, kStrip = kBlock / kSamples<Channels>;
-    typename Smoother::Item strip[(kRunRows + 2 * kLargestSmoothRadius) * kBlock];
-    std::uint8_t packed[2][kBlock] = {}, means[kVectorBytes];
     const int radius = weights.radius;
+    const Scratch memory((kRunRows + 2 * static_cast<std::size_t>(radius)) * kBlock * sizeof(Item));
+    Item* const strip = memory.as<Item>();
+    if (!strip) return kStatusNoMemory;
+    std::uint8_t packed[2][kBlock] = {}, means[kVectorBytes];
     for (int x = 0; x < size.width; x += kStrip) {
         const int pixels = Least(kStrip, size.width - x);
         const std::ptrdiff_t offset = static_cast<std::ptrdiff_t>(x) * Channels;
@@ -106,6 +111,7 @@ void SmoothColumns(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int 
             }
         }
     }
+    return kStatusOk;
 }
 
 bool AreInDomain(const SmoothWeights& weights) {
@@ -126,9 +132,7 @@ int WithSmoother(const std::uint8_t* src, int srcStep, const std::uint8_t* dst, 
         return status;
     if (!AreInDomain(*weights)) return kStatusBadArgument;
     const auto run = [&](auto smoother) {
-        if (!smoother.Open(*weights)) return kStatusBadArgument;
-        smooth(smoother);
-        return kStatusOk;
+        return smoother.Open(*weights) ? smooth(smoother) : kStatusBadArgument;
     };
     if (weights->unit == kSmoothUnit) return run(StepSmoother());
     constexpr int kPart = RangeTable<4>::kPart;
@@ -143,7 +147,7 @@ int Rows(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, I
          const SmoothWeights* weights) {
     return WithSmoother<Channels>(
         src, srcStep, dst, dstStep, size, weights, [&](const auto& smoother) {
-            SmoothRows<Channels>(src, srcStep, dst, dstStep, size, smoother, *weights);
+            return SmoothRows<Channels>(src, srcStep, dst, dstStep, size, smoother, *weights);
         });
 }
 
@@ -152,7 +156,7 @@ int Columns(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep
             const SmoothWeights* weights) {
     return WithSmoother<Channels>(
         src, srcStep, dst, dstStep, size, weights, [&](const auto& smoother) {
-            SmoothColumns<Channels>(src, srcStep, dst, dstStep, size, smoother, *weights);
+            return SmoothColumns<Channels>(src, srcStep, dst, dstStep, size, smoother, *weights);
         });
 }
 

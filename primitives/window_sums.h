@@ -6,8 +6,7 @@
 // vector of samples, once loaded, serves several rows, and the sums stay in registers.
 #pragma once
 
-#include <cstdlib>
-
+#include "primitives/scratch.h"
 #include "primitives/simd.h"
 
 namespace brushworks::BRUSHWORKS_VARIANT {
@@ -122,29 +121,6 @@ Summing<Kind> SummingFor(int windowRows) {
 #endif
 }
 inline constexpr int kMostSummedRows = 4;
-
-/// Work memory that is given back; null where it cannot be had. Starts as zeros, so that the lanes
-/// behind a row's end hold numbers.
-class Scratch {
-  public:
-    explicit Scratch(std::size_t bytes)
-        : data_(
-              std::aligned_alloc(kAlignment, (bytes + kAlignment - 1) / kAlignment * kAlignment)) {
-        if (data_) std::memset(data_, 0, bytes);
-    }
-    Scratch(const Scratch&) = delete;
-    Scratch& operator=(const Scratch&) = delete;
-    ~Scratch() { std::free(data_); }
-
-    template <class Element>
-    Element* as() const {
-        return static_cast<Element*>(data_);
-    }
-
-  private:
-    static constexpr std::size_t kAlignment = 64;
-    void* data_;
-};
 
 /// `sampleCount` outputs in each of `rows` rows, made from `lineCount` lines.
 struct Extent {
