@@ -121,6 +121,11 @@ inline U16 PickOfTwo(U16 low, U16 high, U16 places) {
 inline U8 PickOfSixteen(U8 table, U8 places) {
     return (U8)_mm256_shuffle_epi8((__m256i)table, (__m256i)places);
 }
+/// Whether any byte is at least `limit`.
+inline bool AnyFrom(U8 bytes, int limit) {
+    const U8 from = (U8)(Max(bytes, U8{} + static_cast<std::uint8_t>(limit)) == bytes);
+    return _mm256_movemask_epi8((__m256i)from) != 0;
+}
 /// a - b of signed bytes, at least -128.
 inline U8 CutDifference(U8 a, U8 b) {
     return (U8)_mm256_subs_epi8((__m256i)a, (__m256i)b);
@@ -128,6 +133,10 @@ inline U8 CutDifference(U8 a, U8 b) {
 #elif defined(__SSSE3__)
 inline U8 PickOfSixteen(U8 table, U8 places) {
     return (U8)_mm_shuffle_epi8((__m128i)table, (__m128i)places);
+}
+inline bool AnyFrom(U8 bytes, int limit) {
+    const U8 from = (U8)(Max(bytes, U8{} + static_cast<std::uint8_t>(limit)) == bytes);
+    return _mm_movemask_epi8((__m128i)from) != 0;
 }
 inline U8 CutDifference(U8 a, U8 b) {
     return (U8)_mm_subs_epi8((__m128i)a, (__m128i)b);

@@ -30,7 +30,7 @@ class RangeTable {
     U16 words_[Parts][2];
 #elif defined(__SSSE3__)
     static constexpr int kRow = 16, kRows = Parts * kPart / kRow;
-    static constexpr int kHalf = 128 / kRow;
+    static constexpr int kHalf = 128 / kRow, kSteps = kPart / kRow;
     U8 changes_[kRows];
 #else
     std::uint16_t words_[256];
@@ -81,6 +81,8 @@ inline void RangeTable<Parts>::LookUp(U16& a, U16& b) const {
     U8 weights{};
     U8 left{};
     for (int row = 0; row < kRows; ++row) {
+        // Most neighbours differ by less than there are steps in a part.
+        if (row % kSteps == 0 && row > 0 && !AnyFrom(difference, row * kRow)) break;
         // The bytes of the other half are below 0, and stay there.
         left = row % kHalf ? CutDifference(left, U8{} + static_cast<std::uint8_t>(kRow))
                            : difference - static_cast<std::uint8_t>(row * kRow);
