@@ -13,20 +13,25 @@ namespace {
 template <int Channels>
 constexpr int kSamples = Channels == 4 ? 3 : 1;
 
+/// Writes one byte more than there are samples where a fourth one is left out.
 template <int Channels>
 inline void Pack(const std::uint8_t* pixels, int count, std::uint8_t* samples) {
-    for (int i = 0; i < count; ++i)
-        for (int k = 0; k < kSamples<Channels>; ++k)
-            samples[kSamples<Channels> * i + k] = pixels[Channels * i + k];
+    if constexpr (Channels == 1)
+        std::memcpy(samples, pixels, static_cast<std::size_t>(count));
+    else
+        for (std::ptrdiff_t i = 0; i < count; ++i)
+            StorePixel(samples + 3 * i, LoadPixel(pixels + 4 * i));
 }
 
 /// Writes means through the tone table.
 template <int Channels>
 inline void Put(std::uint8_t* pixels, const std::uint8_t* means, int count,
                 const std::uint8_t* tone) {
-    for (int i = 0; i < count; ++i)
-        for (int k = 0; k < kSamples<Channels>; ++k)
-            pixels[Channels * i + k] = tone[means[kSamples<Channels> * i + k]];
+    std::uint8_t own[kSamples<Channels>];
+    for (std::ptrdiff_t i = 0; i < count; ++i) {
+        for (int k = 0; k < kSamples<Channels>; ++k) own[k] = tone[means[kSamples<Channels> * i + k]];
+        std::memcpy(pixels + Channels * i, own, sizeof own);
+    }
 }
 
 /// Pixels of a row, or rows of a strip of columns, that are worked at a time.
@@ -58,7 +63,7 @@ template <int Channels, class Smoother>
 int SmoothRows(const std::uint8_t* src, int srcStep, std::uint8_t* dst, int dstStep, IppiSize size,
                const Smoother& smoother, const SmoothWeights& weights) {
     constexpr int kPixel = kSamples<Channels>, kLine = kRun + 2 * kLargestSmoothRadius + 1;
-    std::uint8_t widened[kLine * Channels], packed[kLine * kPixel] = {};
+    std::uint8_t widened[kLine * Channels], packed[kLine * kPixel + 1] = {};
     typename Smoother::Item line[kLine * kPixel + kVectorBytes] = {};
     std::uint8_t means[kRun * kPixel + kVectorBytes];
     const int radius = weights.radius;

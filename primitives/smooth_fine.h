@@ -153,7 +153,8 @@ class FineSmoother {
         return sums[0] <= 65535 && sums[1] <= 65535;
     }
 
-    void Means(const Item* centre, std::ptrdiff_t pitch, std::uint8_t* means) const {
+    [[gnu::noinline]] void Means(const Item* centre, std::ptrdiff_t pitch,
+                                 std::uint8_t* means) const {
         I16 c[kVectors];
         U16 weights[kVectors] = {};
         I32 sums[kVectors] = {};

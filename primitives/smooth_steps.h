@@ -71,8 +71,10 @@ class StepSmoother {
         return true;
     }
 
-    /// The weighted means at one block of items, whose taps lie `pitch` items apart.
-    void Means(const Item* centre, std::ptrdiff_t pitch, std::uint8_t* means) const {
+    /// The weighted means at one block of items, whose taps lie `pitch` items apart. Inlined, its
+    /// loop would share its registers with those around it.
+    [[gnu::noinline]] void Means(const Item* centre, std::ptrdiff_t pitch,
+                                 std::uint8_t* means) const {
         const U8 c = Load<U8>(centre);
         U8 weights = U8{} + centre_;
         const WideBytes wideC = Widen(c);

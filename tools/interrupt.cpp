@@ -42,9 +42,11 @@ void removeFolder(const char* path) {
 }
 
 extern "C" void removeAndEnd(int signalNumber) {
+    const int interrupted = errno;
     if (g_armed.exchange(false) && unlink(g_path) != 0) removeFolder(g_path);
     // The handler is gone (SA_RESETHAND), so this ends the program as soon as it returns.
     raise(signalNumber);
+    errno = interrupted;
 }
 
 void installHandlers() {
