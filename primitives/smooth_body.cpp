@@ -29,7 +29,8 @@ inline void Put(std::uint8_t* pixels, const std::uint8_t* means, int count,
                 const std::uint8_t* tone) {
     std::uint8_t own[kSamples<Channels>];
     for (std::ptrdiff_t i = 0; i < count; ++i) {
-        for (int k = 0; k < kSamples<Channels>; ++k) own[k] = tone[means[kSamples<Channels> * i + k]];
+        for (int k = 0; k < kSamples<Channels>; ++k)
+            own[k] = tone[means[kSamples<Channels> * i + k]];
         std::memcpy(pixels + Channels * i, own, sizeof own);
     }
 }
