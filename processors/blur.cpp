@@ -193,10 +193,7 @@ bool CBlur::Process(CFrame* src, CFrame* dst, float width, float height, MemoryA
     }
     if (!Blur({*src, *dst, region, triangle, allocator, allChannels})) return false;
     if (!allChannels) {
-        const int plane =
-            src->m_pfPixelFormat == PixelFormatBGRA8 || src->m_pfPixelFormat == PixelFormatBGRA32f
-                ? 3
-                : 0;
+        const int plane = RestoredPlane(*src);
         CCopyPlane().Process(src, dst, plane, plane);
     }
     return true;

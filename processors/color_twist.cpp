@@ -9,14 +9,6 @@
 namespace brushworks::Processors {
 namespace {
 
-/// The first of the colour formats' bytes and floats have alpha last; for all others, planes among
-/// them, its place is told as 0.
-int PlaneToRestore(const CFrame& frame) {
-    return frame.m_pfPixelFormat == PixelFormatBGRA8 || frame.m_pfPixelFormat == PixelFormatBGRA32f
-               ? 3
-               : 0;
-}
-
 float CutToUnit(float sample) {
     const float raised = sample > 0.0f ? sample : 0.0f;
     return raised < 1.0f ? raised : 1.0f;
@@ -46,7 +38,7 @@ void ClampOutside(CFrame& dst, IppiSize common) {
 bool CColorTwist::Process(CFrame* src, CFrame* dst, float contrast, float brightness,
                           float saturation, float hue, unsigned int color, float colorAmount,
                           MemoryAllocator&) {
-    const int plane = PlaneToRestore(*src);
+    const int plane = RestoredPlane(*src);
     if (!IsByteColor(*src) && !IsFloatColor(*src)) {
         CCopy().Process(src, dst);
         CCopyPlane().Process(src, dst, plane, plane);

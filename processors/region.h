@@ -52,4 +52,10 @@ inline int AlphaPlane(const CFrame& f) {
     return f.m_pfPixelFormat == PixelFormatARGB8 || f.m_pfPixelFormat == PixelFormatARGB32f ? 0 : 3;
 }
 
+/// The plane that the colour matrix and the blur bring back from their source: 3 where alpha comes
+/// last, and 0 in all other formats, those without alpha among them.
+inline int RestoredPlane(const CFrame& f) {
+    return f.m_pfPixelFormat == PixelFormatBGRA8 || f.m_pfPixelFormat == PixelFormatBGRA32f ? 3 : 0;
+}
+
 }  // namespace brushworks::Processors
